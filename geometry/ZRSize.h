@@ -1,0 +1,7 @@
+#pragma once
+
+// An extent in points.
+struct ZRSize {
+    double width = 0, height = 0;
+    friend bool operator==(ZRSize, ZRSize) = default;
+};

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Display.h"
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+// The connected displays and the pointer on them. Main thread only.
+class Displays {
+public:
+    virtual ~Displays() = default;
+
+    // The first display first, the others in the desktop's order; empty when there is none. Cheap: kept until
+    // something changes.
+    virtual std::vector<Display> all() const = 0;
+    // The device pixel under the pointer, in the space of Display::pixels; empty when it cannot be told.
+    virtual std::optional<QPoint> pointer() const = 0;
+
+    // Called after a display was added, removed, moved or resized.
+    std::function<void()> onChange;
+};

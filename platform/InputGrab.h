@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QWindow>
+
+#include <functional>
+
+// The keyboard, taken for one window while a capture runs, so that no key reaches another program, the window
+// manager included. Main thread only.
+class InputGrab {
+public:
+    virtual ~InputGrab() = default;
+
+    // Takes the keyboard for a shown window. Where another program holds it, tries again from the event loop
+    // until release() or until two seconds have passed, then calls onRefused.
+    virtual void grabKeyboard(const QWindow& window) = 0;
+    // Keeps the keyboard, without a window of ours, until the key that is down now comes up, two seconds at
+    // most: the repeats of the key that ended a capture reach nobody. Lets go at once when no key is down.
+    virtual void releaseWithKey() = 0;
+    // Lets go at once.
+    virtual void release() = 0;
+    // True from the moment that the keyboard is ours.
+    virtual bool holdsKeyboard() const = 0;
+
+    std::function<void(const QString& reason)> onRefused;
+};
