@@ -1,0 +1,70 @@
+#include "customui/PaintGate.h"
+
+#include <QBackingStore>
+#include <QCoreApplication>
+#include <QExposeEvent>
+#include <QTimer>
+#include <QWindow>
+
+namespace {
+
+QList<QWidget*> withChildren(QWidget& window)
+{
+    return window.findChildren<QWidget*>() << &window;
+}
+
+}
+
+PaintGate::PaintGate(QWidget& window)
+    : QObject(&window)
+    , m_window(window)
+{
+    window.winId(); // makes the native window
+    window.windowHandle()->installEventFilter(this);
+}
+
+void PaintGate::showUnpainted()
+{
+    m_isPassing = true;
+    // A store of the right size is not painted whole before its first small update.
+    m_window.backingStore()->resize(m_window.size());
+    for (QWidget* widget : withChildren(m_window))
+        widget->setAttribute(Qt::WA_UpdatesDisabled, true);
+    m_window.show();
+    for (QWidget* widget : withChildren(m_window)) {
+        QCoreApplication::removePostedEvents(widget, QEvent::UpdateLater);
+        // setUpdatesEnabled() would ask for a whole repaint.
+        widget->setAttribute(Qt::WA_UpdatesDisabled, false);
+    }
+}
+
+bool PaintGate::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::Expose && m_window.windowHandle()->isExposed()) {
+        markMapped();
+        return true;
+    }
+    if (event->type() == QEvent::Paint)
+        return answerExposed(static_cast<QPaintEvent*>(event)->region());
+    return false;
+}
+
+// What Qt does for an exposed window, less its painting; what there is to paint comes as a paint event.
+void PaintGate::markMapped()
+{
+    m_window.setAttribute(Qt::WA_Mapped);
+    if (m_isPassing)
+        passOverUntilIdle();
+}
+
+void PaintGate::passOverUntilIdle()
+{
+    QTimer::singleShot(0, this, [this] { m_isPassing = false; });
+}
+
+bool PaintGate::answerExposed(const QRegion& region)
+{
+    if (!m_isPassing)
+        m_window.update(region);
+    return true;
+}

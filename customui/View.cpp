@@ -1,0 +1,37 @@
+#include "customui/View.h"
+
+#include "geometry/ZRServerRect.h"
+
+#include <QtMath>
+
+namespace {
+
+// Halves go up, so that a rectangle keeps its size when it moves by whole pixels.
+int nearestPixel(double value)
+{
+    return qFloor(value + 0.5);
+}
+
+}
+
+View::View(QWidget* parent, Qt::WindowFlags flags)
+    : QWidget(parent, flags)
+{
+}
+
+QRect View::devicePixels(ZRRect rect) const
+{
+    const ZRServerRect r = flippedDown(rect.normalized(), exactHeight());
+    const double scale = devicePixelRatioF();
+    const QPoint first(nearestPixel(r.x * scale), nearestPixel(r.y * scale));
+    const QPoint end(nearestPixel((r.x + r.width) * scale), nearestPixel((r.y + r.height) * scale));
+    return {first, QSize(end.x() - first.x(), end.y() - first.y())};
+}
+
+ZRMouseEvent View::translated(const QMouseEvent& event) const
+{
+    // Qt rounds a widget's own position to whole points; the scene position keeps the device pixel.
+    const QPointF p = event.scenePosition();
+    const auto* root = static_cast<const View*>(window());
+    return {flippedUp({p.x(), p.y(), 0, 0}, root->exactHeight()).origin(), event.button()};
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "geometry/ZRRect.h"
+
+#include <QMouseEvent>
+#include <QWidget>
+
+// A mouse event as a View hands it on.
+struct ZRMouseEvent {
+    ZRPoint location;                      // points, origin bottom-left of the view's window, y grows upwards
+    Qt::MouseButton button = Qt::NoButton; // the button that changed; none for a movement
+};
+
+// The base of what stands on the overlay: the one place where Qt's downward y is turned round. Rectangles and
+// points of a View are points with the origin at its bottom-left corner and y growing upwards.
+class View : public QWidget {
+public:
+    explicit View(QWidget* parent = nullptr, Qt::WindowFlags flags = {});
+
+    // The exact height in points. Qt rounds a widget's size to whole points, which at a fractional scale
+    // factor is not the height of the device pixels below it. Until it is set, Qt's height holds.
+    void setExactHeight(double points) { m_exactHeight = points; }
+    double exactHeight() const { return m_exactHeight > 0 ? m_exactHeight : height(); }
+
+protected:
+    // The device pixels of a rectangle, y growing downwards from the top; edges rounded to the nearest pixel.
+    QRect devicePixels(ZRRect rect) const;
+    // The event with its location in the view's window, which is a View as well; exact at every scale factor.
+    ZRMouseEvent translated(const QMouseEvent& event) const;
+
+private:
+    double m_exactHeight = 0;
+};
