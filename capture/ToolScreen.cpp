@@ -1,0 +1,104 @@
+#include "capture/ToolScreen.h"
+
+#include "commonutils/CommLog.h"
+
+#include <QGuiApplication>
+
+#include <algorithm>
+
+namespace {
+
+const Displays* g_displays = nullptr;
+
+std::vector<Display> screens()
+{
+    return g_displays ? g_displays->all() : std::vector<Display>{};
+}
+
+template <typename Predicate>
+std::optional<Display> firstScreenWhere(Predicate matches)
+{
+    for (const Display& display : screens())
+        if (matches(display))
+            return display;
+    return std::nullopt;
+}
+
+std::optional<Display> mainScreen()
+{
+    return firstScreenWhere([](const Display&) { return true; });
+}
+
+}
+
+void ToolScreen::install(const Displays* displays)
+{
+    g_displays = displays;
+}
+
+int ToolScreen::numberOfScreens()
+{
+    return int(screens().size());
+}
+
+std::optional<ScreenInfo> ToolScreen::getMainScreenInfo()
+{
+    const auto info = getScreenInfoWithScreen(mainScreen());
+    if (info) {
+        const ZRRect f = info->GetScreenFrame();
+        CommLog::log(QString::asprintf("frame x :%f y :%f w:%f h:%f", f.x, f.y, f.width, f.height));
+    }
+    return info;
+}
+
+std::vector<ScreenInfo> ToolScreen::screenInfos()
+{
+    std::vector<ScreenInfo> infos;
+    for (const Display& display : screens())
+        infos.emplace_back(display);
+    return infos;
+}
+
+std::optional<ScreenInfo> ToolScreen::getScreenInfoWithScreen(const std::optional<Display>& screen)
+{
+    return screen ? std::optional(ScreenInfo(*screen)) : std::nullopt;
+}
+
+std::optional<ScreenInfo> ToolScreen::getScreenInfoWithRect(ZRRect rect)
+{
+    return getScreenInfoWithScreen(firstScreenWhere(
+        [rect](const Display& d) { return !d.frame.intersected(rect.normalized()).isEmpty(); }));
+}
+
+std::optional<ScreenInfo> ToolScreen::getScreenInfoWithPoint(ZRPoint point)
+{
+    const ZRPoint p{point.x, std::max(0.0, point.y)};
+    return getScreenInfoWithScreen(firstScreenWhere([p](const Display& d) { return d.frame.contains(p); }));
+}
+
+std::optional<Display> ToolScreen::getFirstScreen()
+{
+    const auto atZero = firstScreenWhere([](const Display& d) { return d.frame.x == 0.0; });
+    return atZero ? atZero : mainScreen();
+}
+
+std::optional<Display> ToolScreen::getScreenWithWindowDisplayId(int displayId)
+{
+    return firstScreenWhere([displayId](const Display& d) { return d.id == displayId; });
+}
+
+std::optional<Display> ToolScreen::screenUnderPointer()
+{
+    const auto pointer = g_displays ? g_displays->pointer() : std::nullopt;
+    if (!pointer)
+        return std::nullopt;
+    return firstScreenWhere([&pointer](const Display& d) { return d.holds(*pointer); });
+}
+
+QScreen* ToolScreen::qtScreen(const Display& display)
+{
+    const auto all = QGuiApplication::screens();
+    const auto it = std::find_if(
+        all.begin(), all.end(), [&display](const QScreen* screen) { return screen->name() == display.name; });
+    return it == all.end() ? nullptr : *it;
+}

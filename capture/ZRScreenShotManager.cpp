@@ -1,0 +1,353 @@
+#include "capture/ZRScreenShotManager.h"
+
+#include "capture/OverlayKeys.h"
+#include "capture/RegionRules.h"
+#include "capture/ScreenShotBackView.h"
+#include "capture/ToolScreen.h"
+#include "capture/ZRStaticScreenShotWindow.h"
+#include "commonutils/CommLog.h"
+#include "editor/ZRScreenShotSetting.h"
+#include "settings/AppSettings.h"
+
+#include <QTimer>
+
+namespace {
+
+constexpr int kClearDelayMs = 300; // after the end of a capture
+
+// Gone from the screen at once, freed when the event that ended it has been handled.
+void discard(std::unique_ptr<ZRStaticScreenShotWindow>& window)
+{
+    if (!window)
+        return;
+    window->setMManager(nullptr);
+    window->hide();
+    window->setFrame(nullptr);
+    window.release()->deleteLater();
+}
+
+}
+
+ZRScreenShotManager::ZRScreenShotManager(Platform& platform)
+    : m_platform(platform)
+{
+    mScreenShotController.setScreenshotManager(this);
+    m_platform.displays->onChange = [this] { displaysChanged(); };
+    m_platform.inputGrab->onRefused = [this](const QString& reason) { failCapture(reason); };
+}
+
+ZRScreenShotManager::~ZRScreenShotManager()
+{
+    m_platform.displays->onChange = nullptr;
+    m_platform.inputGrab->onRefused = nullptr;
+}
+
+void ZRScreenShotManager::initContext()
+{
+    QTimer::singleShot(0, this, [this] { prepareOverlay(); });
+}
+
+void ZRScreenShotManager::initialize()
+{
+    clear();
+    mScreenShotController.setScreenshotManager(this);
+}
+
+void ZRScreenShotManager::startScreenShot(const QString& hotkey)
+{
+    startScreenShotIsFullScreen(hotkey != AppSettings::regionScreenShotHotKey());
+}
+
+void ZRScreenShotManager::startScreenShotIsFullScreen(bool isFullScreen)
+{
+    _startScreenShot();
+    if (isFullScreen)
+        _StartFullScreenShot();
+    else
+        _StartRegionScreenShot();
+}
+
+Display ZRScreenShotManager::currentScreen()
+{
+    if (!_currentScreen)
+        _currentScreen = ToolScreen::getFirstScreen();
+    return _currentScreen.value_or(Display{});
+}
+
+std::optional<ScreenInfo> ZRScreenShotManager::fistScreenInfo()
+{
+    if (!_fistScreenInfo)
+        _fistScreenInfo = ToolScreen::getScreenInfoWithScreen(ToolScreen::getFirstScreen());
+    return _fistScreenInfo;
+}
+
+void ZRScreenShotManager::_startScreenShot()
+{
+    if (const auto screen = ToolScreen::screenUnderPointer()) {
+        AppSettings::setCurrentScreenInfo(ScreenInfo(*screen));
+        setCurrentScreen(*screen);
+        const ZRRect f = screen->frame;
+        CommLog::log(QString::asprintf(
+            "Start Screen Shot Current Main Screen frame (%f,%f,%f,%f)", f.x, f.y, f.width, f.height));
+    }
+    _fistScreenInfo = ToolScreen::getScreenInfoWithScreen(ToolScreen::getFirstScreen());
+    AppSettings::setFistScreenInfo(_fistScreenInfo);
+    mIsCapturing = true;
+    m_isEnding = false;
+    m_isEndedByKey = false;
+    ++m_captureNumber;
+}
+
+void ZRScreenShotManager::_StartRegionScreenShot()
+{
+    AppSettings::updateLastRunningAndActiveApp();
+    if (!freezeCurrentScreen())
+        return;
+    initScreenShotEditorWindow();
+    mScreenShotController.initialize();
+    mScreenShotEditorWindow->makeKeyAndOrderFront(*m_platform.windowServer);
+    m_platform.inputGrab->grabKeyboard(*mScreenShotEditorWindow->windowHandle());
+    AppSettings::setUseWindowRecognize(true);
+    updateCursor();
+}
+
+// Maps no window and so disturbs nobody's focus.
+void ZRScreenShotManager::_StartFullScreenShot()
+{
+    if (!freezeCurrentScreen())
+        return;
+    mScreenShotController.saveFullScreenToLocal();
+    stopScreenShot();
+}
+
+bool ZRScreenShotManager::freezeCurrentScreen()
+{
+    QString reason = QStringLiteral("there is no display");
+    const Display display = currentScreen();
+    m_frame = display.isValid() ? m_platform.windowServer->freeze(display, &reason) : nullptr;
+    if (!m_frame)
+        failCapture(reason);
+    return m_frame != nullptr;
+}
+
+void ZRScreenShotManager::failCapture(const QString& reason)
+{
+    if (!mIsCapturing || m_isEnding)
+        return;
+    CommLog::log(QStringLiteral("the capture cannot go on: %1").arg(reason));
+    beginEnding();
+    stopScreenShot();
+    reportOutcome(m_captureNumber, {CaptureOutcome::Kind::Failed, {}, reason});
+}
+
+void ZRScreenShotManager::initScreenShotEditorWindow()
+{
+    closeScreenShotWindow();
+    if (m_preparedWindow && m_preparedWindow->screenDisplay() == m_frame->display())
+        mScreenShotEditorWindow = std::move(m_preparedWindow);
+    else
+        mScreenShotEditorWindow = std::make_unique<ZRStaticScreenShotWindow>(m_frame->display());
+    m_preparedWindow.reset();
+    mScreenShotEditorWindow->setMManager(this);
+    mScreenShotEditorWindow->setFrame(m_frame);
+    mScreenShotController.setView(&mScreenShotEditorWindow->backView());
+    mScreenShotController.updateSelectedRegionRect({});
+}
+
+void ZRScreenShotManager::prepareOverlay()
+{
+    const Display display = currentScreen();
+    if (mIsCapturing || !display.isValid())
+        return;
+    if (!m_preparedWindow || m_preparedWindow->screenDisplay() != display)
+        m_preparedWindow = std::make_unique<ZRStaticScreenShotWindow>(display);
+}
+
+void ZRScreenShotManager::mouseDown(const ZRMouseEvent& event)
+{
+    if (m_isEnding)
+        return;
+    _beginRegionSelect(event.location);
+    mScreenShotController.setIsDragView(false);
+    updateCursor();
+}
+
+void ZRScreenShotManager::mouseUp(const ZRMouseEvent&)
+{
+    if (m_isEnding)
+        return;
+    _endRegionSelect();
+    if (mScreenShotController.isRegionLocked())
+        mScreenShotController.setIsDragView(false);
+    updateCursor();
+}
+
+void ZRScreenShotManager::mouseDragged(const ZRMouseEvent& event)
+{
+    if (m_isEnding)
+        return;
+    _updateDragPoint(RegionRules::cutToOverlay(event.location, mScreenShotEditorWindow->bounds().width));
+    if (!mScreenShotController.isRegionLocked())
+        mScreenShotController.setIsDragView(false);
+}
+
+void ZRScreenShotManager::mouseMoved(const ZRMouseEvent&)
+{
+    updateCursor();
+}
+
+void ZRScreenShotManager::rightMouseDown(const ZRMouseEvent&)
+{
+    _cancelScreenshot();
+}
+
+void ZRScreenShotManager::keyDown(const QKeyEvent& event)
+{
+    if (m_isEnding)
+        return;
+    m_isEndedByKey = true;
+    switch (overlayAction(event)) {
+    case OverlayAction::Cancel:
+        _cancelScreenshot();
+        break;
+    case OverlayAction::Save:
+        mScreenShotController.saveRegionShotToLocalFromhotKey();
+        break;
+    case OverlayAction::None:
+        break;
+    }
+    m_isEndedByKey = m_isEndedByKey && m_isEnding;
+}
+
+void ZRScreenShotManager::_beginRegionSelect(ZRPoint point)
+{
+    AppSettings::setUseWindowRecognize(false);
+    if (mScreenShotController.isUseGraffitInNeed())
+        return;
+    mRegionBeginPoint = point;
+    mDirection = mScreenShotController.pointInResizeRect(point);
+    if (mDirection != RegionRules::kBody)
+        mScreenShotController.regionLock();
+}
+
+void ZRScreenShotManager::_updateDragPoint(ZRPoint point)
+{
+    if (ZRScreenShotSetting::selectedScreenshotToolbarItem())
+        return;
+    const ZRRect region = mScreenShotController.regionRect();
+    if (!mScreenShotController.isRegionLocked()) {
+        mScreenShotController.updateSelectedRegionRect(
+            RegionRules::snapped(RegionRules::spanned(mRegionBeginPoint, point), m_frame->display().scale));
+        return;
+    }
+    if (mDirection == RegionRules::kBody && !RegionRules::isWithinReach(region, mRegionBeginPoint))
+        return;
+    mScreenShotController.updateSelectedRegionRect(changedRegion(region, point));
+    mRegionBeginPoint = point;
+}
+
+// One step of moving or resizing a fixed region. Kept: the step is rounded to single precision.
+ZRRect ZRScreenShotManager::changedRegion(ZRRect region, ZRPoint point)
+{
+    const auto dx = static_cast<float>(point.x - mRegionBeginPoint.x);
+    const auto dy = static_cast<float>(point.y - mRegionBeginPoint.y);
+    const Display& display = m_frame->display();
+    if (mDirection == RegionRules::kBody) {
+        const ZRSize overlay = display.localRect({QPoint(0, 0), display.pixels.size()}).size();
+        return RegionRules::snapped(RegionRules::moved(region, dx, dy, overlay), display.scale);
+    }
+    mScreenShotController.setIsDragView(true);
+    return RegionRules::snapped(RegionRules::pulledByHandle(region, int(mDirection), dx, dy), display.scale);
+}
+
+void ZRScreenShotManager::_endRegionSelect()
+{
+    mScreenShotController.regionLock();
+    if (mScreenShotController.isResizingRegion())
+        mScreenShotController.resizeRegionUnLock();
+}
+
+// The pointer's shape is a function of the state: a cross while the region is chosen, an arrow afterwards.
+void ZRScreenShotManager::updateCursor()
+{
+    if (!mScreenShotEditorWindow)
+        return;
+    const Qt::CursorShape shape = mScreenShotController.isRegionLocked() ? Qt::ArrowCursor : Qt::CrossCursor;
+    if (mScreenShotEditorWindow->cursor().shape() != shape)
+        mScreenShotEditorWindow->setCursor(shape);
+}
+
+void ZRScreenShotManager::stopScreenShot()
+{
+    ZRScreenShotSetting::clear();
+    QTimer::singleShot(0, this, [] { AppSettings::restoreLastRunningAndActiveApp(); });
+    scheduleClear();
+    releaseKeyboard();
+    closeScreenShotWindow();
+    m_frame.reset();
+    AppSettings::setCurrentScreenInfo(std::nullopt);
+    CommLog::log(QStringLiteral("stop screenShot"));
+}
+
+// A timer of an older capture must not clear a newer one.
+void ZRScreenShotManager::scheduleClear()
+{
+    QTimer::singleShot(kClearDelayMs, this, [this, capture = m_captureNumber] {
+        if (capture == m_captureNumber && m_isEnding)
+            clear();
+    });
+}
+
+void ZRScreenShotManager::releaseKeyboard()
+{
+    if (m_isEndedByKey)
+        m_platform.inputGrab->releaseWithKey();
+    else
+        m_platform.inputGrab->release();
+}
+
+void ZRScreenShotManager::_cancelScreenshot()
+{
+    if (mIsCapturing && !m_isEnding)
+        mScreenShotController.cancelRegionScreenShot();
+}
+
+void ZRScreenShotManager::closeScreenShotWindow()
+{
+    discard(mScreenShotEditorWindow);
+}
+
+void ZRScreenShotManager::clear()
+{
+    mHotKey.clear();
+    closeScreenShotWindow();
+    mIsCapturing = false;
+    mRegionBeginPoint = {};
+    mScreenShotController.clear();
+    mDirection = 0;
+    initContext();
+}
+
+void ZRScreenShotManager::reportOutcome(quint64 capture, const CaptureOutcome& outcome)
+{
+    if (onFinished)
+        onFinished(capture, outcome);
+}
+
+// A capture whose display went away or changed cannot show its frame any more.
+void ZRScreenShotManager::displaysChanged()
+{
+    const auto displays = m_platform.displays->all();
+    const bool isCaptureLost =
+        m_frame && mIsCapturing && !m_isEnding &&
+        std::find(displays.begin(), displays.end(), m_frame->display()) == displays.end();
+    if (isCaptureLost) {
+        CommLog::log(QStringLiteral("the captured display changed, the capture ends"));
+        _cancelScreenshot();
+    }
+    if (!mIsCapturing) {
+        _currentScreen.reset();
+        m_preparedWindow.reset();
+        initContext();
+    }
+}

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "capture/CaptureOutcome.h"
+#include "capture/ZRScreenShotViewController.h"
+#include "customui/View.h"
+#include "platform/Platform.h"
+#include "platform/ScreenInfo.h"
+
+#include <QKeyEvent>
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class ZRStaticScreenShotWindow;
+
+// Runs a capture from the moment that a hot key or a menu entry fires until the overlay is gone: chooses the
+// display, freezes it, shows the overlay, receives its events and tears everything down. One capture at a
+// time, on one display. Event locations are overlay points. Lives as long as the program.
+class ZRScreenShotManager : public QObject {
+public:
+    // Borrows the platform, which must outlive the manager.
+    explicit ZRScreenShotManager(Platform& platform);
+    ~ZRScreenShotManager() override;
+
+    // Makes an overlay in advance, so that the first capture finds one.
+    void initContext();
+    // Clean state before a capture.
+    void initialize();
+
+    // A region capture when the text is the region hot key's, else a full-screen capture.
+    void startScreenShot(const QString& hotkey);
+    void startScreenShotIsFullScreen(bool isFullScreen);
+    // From the start of a capture until 0.3 s after its end.
+    bool isCapturing() const { return mIsCapturing; }
+    // Numbers the captures, so that a late answer is never taken for another capture's; 0 before the first.
+    quint64 captureNumber() const { return m_captureNumber; }
+    // Every capture that started is answered here, once.
+    std::function<void(quint64 capture, const CaptureOutcome& outcome)> onFinished;
+
+    void setScreenShotHotKey(const QString& hotKey) { mHotKey = hotKey; }
+    void setCurrentScreen(const Display& display) { _currentScreen = display; }
+    // The main display until one was set; not valid when there is none.
+    Display currentScreen();
+    std::optional<ScreenInfo> fistScreenInfo();
+    // The frozen display of the running capture; null outside of one.
+    std::shared_ptr<const Frame> frame() const { return m_frame; }
+
+    void mouseDown(const ZRMouseEvent& event);
+    void mouseUp(const ZRMouseEvent& event);
+    void mouseDragged(const ZRMouseEvent& event);
+    void mouseMoved(const ZRMouseEvent& event);
+    void rightMouseDown(const ZRMouseEvent& event);
+    void keyDown(const QKeyEvent& event);
+
+    // From here on the capture takes no further input.
+    void beginEnding() { m_isEnding = true; }
+    // Ends the capture: the overlay goes, the former application comes back; 0.3 s later clear().
+    void stopScreenShot();
+    void _cancelScreenshot();
+    void closeScreenShotWindow();
+    void clear();
+    void reportOutcome(quint64 capture, const CaptureOutcome& outcome);
+
+private:
+    void _startScreenShot();
+    void _StartRegionScreenShot();
+    void _StartFullScreenShot();
+    bool freezeCurrentScreen();
+    void failCapture(const QString& reason);
+    void initScreenShotEditorWindow();
+    void prepareOverlay();
+
+    void _beginRegionSelect(ZRPoint point);
+    void _updateDragPoint(ZRPoint point);
+    void _endRegionSelect();
+    ZRRect changedRegion(ZRRect region, ZRPoint point);
+    void updateCursor();
+
+    void releaseKeyboard();
+    void scheduleClear();
+    void displaysChanged();
+
+    Platform& m_platform;
+    QString mHotKey;
+    bool mIsCapturing = false;
+    ZRScreenShotViewController mScreenShotController;
+    ZRPoint mRegionBeginPoint;
+    unsigned mDirection = 0; // the handle that was pressed, 0 for the body
+    std::unique_ptr<ZRStaticScreenShotWindow> mScreenShotEditorWindow;
+    std::optional<ScreenInfo> _fistScreenInfo;
+    std::optional<Display> _currentScreen;
+    std::unique_ptr<ZRStaticScreenShotWindow> m_preparedWindow;
+    std::shared_ptr<const Frame> m_frame;
+    quint64 m_captureNumber = 0;
+    bool m_isEnding = false;
+    bool m_isEndedByKey = false; // the ending key is still down
+};

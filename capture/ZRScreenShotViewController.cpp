@@ -1,0 +1,149 @@
+#include "capture/ZRScreenShotViewController.h"
+
+#include "capture/PictureRules.h"
+#include "capture/ScreenShotBackView.h"
+#include "capture/ZRScreenShotManager.h"
+#include "commonutils/CommLog.h"
+#include "editor/ZRScreenShotSetting.h"
+#include "settings/AppSettings.h"
+
+namespace {
+
+constexpr int kNominalResolution = 16; // the quality setting that asks for one pixel a point
+
+}
+
+void ZRScreenShotViewController::setView(ScreenShotBackView* view)
+{
+    m_view = view;
+}
+
+void ZRScreenShotViewController::initialize()
+{
+    mIsRegionLocked = false;
+    mIsResizing = false;
+    _isDragView = false;
+    if (!m_view)
+        return;
+    m_view->setDrawResizeButton(true);
+    m_view->setDrawRegionBorder(true);
+}
+
+void ZRScreenShotViewController::clear()
+{
+    if (m_view)
+        m_view->clear();
+    mIsRegionLocked = false;
+    AppSettings::setUseWindowRecognize(true);
+}
+
+ZRRect ZRScreenShotViewController::regionRect() const
+{
+    return mIsRegionLocked && m_view ? m_view->regionRect() : ZRRect{};
+}
+
+void ZRScreenShotViewController::regionLock()
+{
+    if (!m_view)
+        return;
+    if (AppSettings::canUseWindowRecognize())
+        m_view->setDrawResizeButton(false);
+    else
+        mIsRegionLocked = true;
+    m_view->updateSelectedRegionRect();
+}
+
+void ZRScreenShotViewController::updateSelectedRegionRect(ZRRect rect)
+{
+    if (m_view)
+        m_view->setSelectedRegionRect(rect);
+}
+
+int ZRScreenShotViewController::pointInResizeRect(ZRPoint point) const
+{
+    return m_view ? m_view->pointInResizeRect(point) : 0;
+}
+
+void ZRScreenShotViewController::setIsDragView(bool isDragged)
+{
+    _isDragView = isDragged;
+    if (m_view)
+        m_view->setNeedDrawDashBorder(isDragged);
+}
+
+bool ZRScreenShotViewController::isUseGraffitInNeed() const
+{
+    return ZRScreenShotSetting::selectedScreenshotToolbarItem() != nullptr;
+}
+
+void ZRScreenShotViewController::saveRegionShotToLocalFromhotKey()
+{
+    _saveRegionShotToLocal();
+}
+
+void ZRScreenShotViewController::_saveRegionShotToLocal()
+{
+    if (!mIsRegionLocked)
+        return;
+    // The region goes with the overlay: the picture is taken by value before the capture ends.
+    Picture picture = createImage(false);
+    mManager->beginEnding();
+    _stopScreenShot();
+    saveImageToFile(std::move(picture));
+}
+
+void ZRScreenShotViewController::saveFullScreenToLocal()
+{
+    Picture picture = createImage(true);
+    mManager->beginEnding();
+    saveImageToFile(std::move(picture));
+}
+
+void ZRScreenShotViewController::cancelRegionScreenShot()
+{
+    const quint64 capture = mManager->captureNumber();
+    mManager->beginEnding();
+    _stopScreenShot();
+    mManager->reportOutcome(capture, {CaptureOutcome::Kind::Cancelled, {}, {}});
+}
+
+void ZRScreenShotViewController::_stopScreenShot()
+{
+    mManager->stopScreenShot();
+}
+
+Picture ZRScreenShotViewController::createImage(bool isFullScreen) const
+{
+    const auto frame = mManager->frame();
+    if (!frame)
+        return {};
+    const Display& display = frame->display();
+    QImage image = isFullScreen ? frame->image() : frame->crop(display.localPixels(regionRect()));
+    if (AppSettings::imageQualityUserNeed() == kNominalResolution)
+        image = PictureRules::averagedToPoints(image, display.scale);
+    return {image, frame};
+}
+
+void ZRScreenShotViewController::saveImageToFile(Picture picture)
+{
+    const quint64 capture = mManager->captureNumber();
+    if (picture.image.isNull()) {
+        reportSaved(capture, {}, QStringLiteral("the region holds no part of the display"));
+        return;
+    }
+    const QString path = AppSettings::screenshotSavePath();
+    CommLog::log(QStringLiteral("screenshot save path--->%1").arg(path));
+    m_saver.save(std::move(picture), path, AppSettings::screenshotType(),
+        [this, capture, path](const QString& failure) { reportSaved(capture, path, failure); });
+}
+
+void ZRScreenShotViewController::reportSaved(quint64 capture, const QString& path, const QString& failure)
+{
+    if (failure.isEmpty()) {
+        CommLog::log(QStringLiteral("save image success"));
+        mManager->reportOutcome(capture, {CaptureOutcome::Kind::Saved, path, {}});
+        return;
+    }
+    CommLog::log(QStringLiteral("the picture could not be saved: %1").arg(failure));
+    mManager->reportOutcome(capture, {CaptureOutcome::Kind::Failed, {}, failure});
+}

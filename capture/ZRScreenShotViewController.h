@@ -1,0 +1,59 @@
+#pragma once
+
+#include "capture/CaptureOutcome.h"
+#include "capture/ScreenshotSaver.h"
+#include "geometry/ZRRect.h"
+
+#include <QObject>
+#include <QPointer>
+
+class ScreenShotBackView;
+class ZRScreenShotManager;
+
+// What the overlay shows over the frozen display, the state of the selected region, and the way of a fixed
+// region to a file. One for the program's life; the view is the running capture's. Overlay points.
+class ZRScreenShotViewController : public QObject {
+public:
+    void setScreenshotManager(ZRScreenShotManager* manager) { mManager = manager; } // not owned
+    // The running capture's view, owned by its overlay.
+    void setView(ScreenShotBackView* view);
+    // Makes the controller ready for a new selection on its view.
+    void initialize();
+    // The capture is over: no region, window recognition on for the next one.
+    void clear();
+
+    // The region as all others see it: zero until it is fixed.
+    ZRRect regionRect() const;
+    bool isRegionLocked() const { return mIsRegionLocked; }
+    // Fixes the region at the end of a selection; while window recognition is on it stays open.
+    void regionLock();
+    bool isResizingRegion() const { return mIsResizing; }
+    void resizeRegionLock() { mIsResizing = true; }
+    void resizeRegionUnLock() { mIsResizing = false; }
+    void updateSelectedRegionRect(ZRRect rect);
+    int pointInResizeRect(ZRPoint point) const;
+    bool isDragView() const { return _isDragView; }
+    void setIsDragView(bool isDragged);
+    // Whether an annotation tool takes the presses on the region.
+    bool isUseGraffitInNeed() const;
+
+    // Each output action works on a fixed region only and ends the capture.
+    void saveRegionShotToLocalFromhotKey();
+    // Saves the whole display; needs no overlay.
+    void saveFullScreenToLocal();
+    void cancelRegionScreenShot();
+
+private:
+    void _saveRegionShotToLocal();
+    void _stopScreenShot();
+    Picture createImage(bool isFullScreen) const;
+    void saveImageToFile(Picture picture);
+    void reportSaved(quint64 capture, const QString& path, const QString& failure);
+
+    ZRScreenShotManager* mManager = nullptr;
+    QPointer<ScreenShotBackView> m_view;
+    ScreenshotSaver m_saver;
+    bool mIsRegionLocked = false;
+    bool mIsResizing = false;
+    bool _isDragView = false;
+};
