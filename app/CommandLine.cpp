@@ -1,0 +1,33 @@
+#include "app/CommandLine.h"
+
+CommandLine CommandLine::parsed(const QStringList& arguments)
+{
+    if (arguments.isEmpty())
+        return {};
+    const QString& first = arguments.first();
+    if (arguments.size() > 1)
+        return {Kind::Wrong, {}};
+    if (first == QLatin1String("--help") || first == QLatin1String("-h"))
+        return {Kind::Help, {}};
+    if (first == QLatin1String("--version"))
+        return {Kind::Version, {}};
+    for (const char* verb : {"region", "full", "cancel", "quit"})
+        if (first == QLatin1String(verb))
+            return {Kind::Verb, first};
+    return {Kind::Wrong, {}};
+}
+
+QString CommandLine::usage()
+{
+    return QStringLiteral(
+        "usage: lumora-screenshot [region | full | cancel | quit | --version | --help]\n"
+        "\n"
+        "Without a verb the program starts and waits for its hot keys, or says that it runs.\n"
+        "  region   capture a region and print the path of the saved picture\n"
+        "  full     capture the display under the pointer and print the path\n"
+        "  cancel   end a running capture\n"
+        "  quit     end the program\n"
+        "\n"
+        "exit codes: 0 done, 1 failed, 2 wrong usage, 3 the program does not run,\n"
+        "            4 the capture was cancelled, 5 another capture is under way\n");
+}

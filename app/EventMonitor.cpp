@@ -1,0 +1,90 @@
+#include "app/EventMonitor.h"
+
+#include "app/DnHotkeyManager.h"
+#include "settings/AppSettings.h"
+
+#include <QHash>
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+struct State {
+    HotKeys* hotKeys = nullptr;
+    std::unique_ptr<DnHotkeyManager> manager;
+    quint32 regionId = 0;
+    quint32 fullId = 0;
+    QHash<QString, quint32> namedIds;
+};
+
+State& state()
+{
+    static State current;
+    return current;
+}
+
+quint32 boundUnlessEmpty(const QString& hotKey, const EventMonitor::Action& action)
+{
+    return hotKey.isEmpty() ? 0 : state().manager->bind(hotKey, action);
+}
+
+void unbind(quint32& id)
+{
+    if (const quint32 bound = std::exchange(id, 0))
+        state().manager->unbind(bound);
+}
+
+}
+
+void EventMonitor::install(HotKeys* hotKeys)
+{
+    unregisterHotKeyMonitor();
+    state().hotKeys = hotKeys;
+}
+
+void EventMonitor::registerHotKeyMonitorWithAction(const Action& action)
+{
+    unregisterHotKeyMonitor();
+    State& s = state();
+    if (!s.hotKeys)
+        return;
+    s.manager = std::make_unique<DnHotkeyManager>(*s.hotKeys);
+    s.regionId = boundUnlessEmpty(AppSettings::regionScreenShotHotKey(), action);
+    s.fullId = boundUnlessEmpty(AppSettings::fullScreenShotHotKey(), action);
+}
+
+void EventMonitor::unregisterHotKeyMonitor()
+{
+    State& s = state();
+    if (!s.manager)
+        return;
+    unbind(s.regionId);
+    unbind(s.fullId);
+    s.manager.reset();
+    s.namedIds.clear();
+}
+
+void EventMonitor::registerHotKeyMonitorWithKeyName(const QString& hotKey, const Action& action)
+{
+    State& s = state();
+    s.namedIds[hotKey] = s.manager ? s.manager->bindForRecord(hotKey, action) : 0;
+}
+
+void EventMonitor::unregisterHotKeyMonitorWithKeyName(const QString& hotKey)
+{
+    State& s = state();
+    if (!s.manager || hotKey.isEmpty())
+        return;
+    if (hotKey == AppSettings::regionScreenShotHotKey())
+        unbind(s.regionId);
+    else if (hotKey == AppSettings::fullScreenShotHotKey())
+        unbind(s.fullId);
+    else if (quint32 id = s.namedIds.take(hotKey))
+        unbind(id);
+}
+
+QStringList EventMonitor::refusals()
+{
+    return state().manager ? state().manager->refusals() : QStringList{};
+}

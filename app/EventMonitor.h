@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/__DnHotkey.h"
+#include "settings/NamedHotKeys.h"
+
+#include <QStringList>
+
+// The two capture hot keys and the extra named keys of the process. Class-level; needs install() first,
+// without it nothing is ever bound. Ids are 0 while nothing is bound, and 0 unbinds nothing.
+class EventMonitor {
+public:
+    using Action = __DnHotkey::Action;
+    EventMonitor() = delete;
+
+    // Borrowed; null forgets and unbinds everything.
+    static void install(HotKeys* hotKeys);
+
+    // Binds the hot keys of the settings, in place of all that was bound before.
+    static void registerHotKeyMonitorWithAction(const Action& action);
+    static void unregisterHotKeyMonitor();
+    static void registerHotKeyMonitorWithKeyName(const QString& hotKey, const Action& action);
+    static void unregisterHotKeyMonitorWithKeyName(const QString& hotKey);
+
+    // A line a hot key that the desktop refused.
+    static QStringList refusals();
+};

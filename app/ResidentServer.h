@@ -1,0 +1,28 @@
+#pragma once
+
+#include "app/ResidentLink.h"
+
+#include <QLocalServer>
+#include <QObject>
+
+#include <functional>
+
+class QLocalSocket;
+
+// Takes the verbs of later starts. The caller holds the session's lock, so a socket that is there is stale.
+class ResidentServer : public QObject {
+public:
+    using Answer = std::function<void(const Reply&)>;
+
+    // Calls onVerb with each verb and a function to answer it with, once, now or later.
+    std::function<void(const QString& verb, const Answer& answer)> onVerb;
+
+    // The reason when the socket cannot be made; empty when it listens.
+    QString listen();
+
+private:
+    void accept();
+    void read(QLocalSocket& socket);
+
+    QLocalServer m_server;
+};

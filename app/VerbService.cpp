@@ -1,0 +1,86 @@
+#include "app/VerbService.h"
+
+#include "app/CommandLine.h"
+#include "app/EventMonitor.h"
+
+#include <QCoreApplication>
+
+#include <utility>
+
+namespace {
+
+Reply replyTo(const CaptureOutcome& outcome)
+{
+    switch (outcome.kind) {
+    case CaptureOutcome::Kind::Saved:
+        return {ExitCode::kDone, outcome.path + QLatin1Char('\n'), {}};
+    case CaptureOutcome::Kind::Cancelled:
+        return {ExitCode::kCancelled, {}, QStringLiteral("the capture was cancelled\n")};
+    case CaptureOutcome::Kind::Failed:
+        break;
+    }
+    return {ExitCode::kFailed, {}, QStringLiteral("the capture failed: %1\n").arg(outcome.reason)};
+}
+
+Reply replyToStart()
+{
+    QString text = QStringLiteral("Lumora Mac Screenshot runs already\n");
+    const QStringList refusals = EventMonitor::refusals();
+    for (const QString& line : refusals)
+        text += line + QLatin1Char('\n');
+    return {ExitCode::kDone, {}, text};
+}
+
+}
+
+VerbService::VerbService(AppDelegate& delegate)
+    : m_delegate(delegate)
+{
+    m_delegate.onBegun = [this] { carryOutWaiting(); };
+    m_delegate.screenShotManager().onFinished = [this](quint64 number, const CaptureOutcome& outcome) {
+        captureFinished(number, outcome);
+    };
+}
+
+void VerbService::handle(const QString& verb, const ResidentServer::Answer& answer)
+{
+    if (!m_delegate.hasBegun()) {
+        m_waiting.emplace_back(verb, answer);
+    } else if (verb == ResidentLink::startVerb()) {
+        answer(replyToStart());
+    } else if (verb == QLatin1String("region") || verb == QLatin1String("full")) {
+        capture(verb == QLatin1String("full"), answer);
+    } else if (verb == QLatin1String("cancel")) {
+        m_delegate.screenShotManager()._cancelScreenshot();
+        answer({});
+    } else if (verb == QLatin1String("quit")) {
+        answer({});
+        QCoreApplication::quit();
+    } else {
+        answer({ExitCode::kWrongUsage, {}, CommandLine::usage()});
+    }
+}
+
+void VerbService::capture(bool isFullScreen, const ResidentServer::Answer& answer)
+{
+    ZRScreenShotManager& manager = m_delegate.screenShotManager();
+    if (manager.isCapturing()) {
+        answer({ExitCode::kBusy, {}, QStringLiteral("another capture is under way\n")});
+        return;
+    }
+    m_captures[manager.captureNumber() + 1] = answer;
+    m_delegate.startCapture(isFullScreen);
+}
+
+void VerbService::carryOutWaiting()
+{
+    for (const auto& [verb, answer] : std::exchange(m_waiting, {}))
+        handle(verb, answer);
+}
+
+void VerbService::captureFinished(quint64 capture, const CaptureOutcome& outcome)
+{
+    const auto waiting = m_captures.extract(capture);
+    if (waiting)
+        waiting.mapped()(replyTo(outcome));
+}

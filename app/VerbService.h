@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "app/ResidentServer.h"
+
+#include <map>
+#include <vector>
+
+// Carries out the verbs that later starts of the program hand over. A capture's verb is answered when the
+// capture has ended; verbs that come during the launch wait for its end.
+class VerbService {
+public:
+    // Borrows the delegate, which must outlive the service, and listens to its captures.
+    explicit VerbService(AppDelegate& delegate);
+
+    void handle(const QString& verb, const ResidentServer::Answer& answer);
+
+private:
+    void capture(bool isFullScreen, const ResidentServer::Answer& answer);
+    void carryOutWaiting();
+    void captureFinished(quint64 capture, const CaptureOutcome& outcome);
+
+    AppDelegate& m_delegate;
+    std::map<quint64, ResidentServer::Answer> m_captures; // by the capture's number
+    std::vector<std::pair<QString, ResidentServer::Answer>> m_waiting;
+};

@@ -1,0 +1,92 @@
+#include "app/AppDelegate.h"
+#include "app/CommandLine.h"
+#include "app/ResidentClient.h"
+#include "app/ResidentLink.h"
+#include "app/ResidentServer.h"
+#include "app/TerminationSignals.h"
+#include "app/VerbService.h"
+#include "commonutils/CommLog.h"
+#include "platform/Platform.h"
+
+#include <QApplication>
+#include <QLockFile>
+
+#include <cstdio>
+
+namespace {
+
+int failed(const QString& message)
+{
+    std::fprintf(stderr, "lumora-screenshot: %s\n", qPrintable(message));
+    return ExitCode::kFailed;
+}
+
+int runClient(int& argc, char** argv, const QString& verb)
+{
+    const QCoreApplication application(argc, argv);
+    return ResidentClient::run(verb);
+}
+
+int runResident(int& argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    CommLog::startLogging(QStringLiteral("lumora-screenshot"));
+    Platform platform = makePlatform();
+    AppDelegate delegate(platform);
+    VerbService verbs(delegate);
+    ResidentServer server;
+    server.onVerb = [&verbs](const QString& verb, const ResidentServer::Answer& answer) {
+        verbs.handle(verb, answer);
+    };
+    if (const QString reason = server.listen(); !reason.isEmpty())
+        CommLog::log(QStringLiteral("verbs from the command line will not be heard: %1").arg(reason));
+    const TerminationSignals signalsOfTheSystem([] { QCoreApplication::quit(); });
+    delegate.applicationDidFinishLaunching();
+    const int code = QApplication::exec();
+    delegate.applicationWillTerminate();
+    return code;
+}
+
+int runInSession(int& argc, char** argv, const CommandLine& line)
+{
+    if (const QString problem = desktopProblem(); !problem.isEmpty())
+        return failed(problem);
+    if (line.kind == CommandLine::Kind::Verb)
+        return runClient(argc, argv, line.verb);
+    QLockFile lock(ResidentLink::lockPath());
+    lock.setStaleLockTime(0); // stale only when its process is gone
+    if (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError)
+        return runClient(argc, argv, ResidentLink::startVerb());
+    return runResident(argc, argv);
+}
+
+QStringList argumentsOf(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    const CommandLine line = CommandLine::parsed(argumentsOf(argc, argv));
+    switch (line.kind) {
+    case CommandLine::Kind::Help:
+        std::fputs(qPrintable(CommandLine::usage()), stdout);
+        return ExitCode::kDone;
+    case CommandLine::Kind::Version:
+        std::puts("lumora-screenshot " LUMORA_VERSION);
+        return ExitCode::kDone;
+    case CommandLine::Kind::Wrong:
+        std::fputs(qPrintable(CommandLine::usage()), stderr);
+        return ExitCode::kWrongUsage;
+    case CommandLine::Kind::Start:
+    case CommandLine::Kind::Verb:
+        break;
+    }
+    return runInSession(argc, argv, line);
+}
