@@ -1,0 +1,94 @@
+#include "app/EventMonitor.h"
+
+#include "settings/AppSettings.h"
+#include "tests/fakes/FakeHotKeys.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class EventMonitorTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path()));
+        AppSettings::initSettingInNeed({});
+        EventMonitor::install(&hotKeys);
+    }
+    void TearDown() override { EventMonitor::install(nullptr); }
+
+    void bind()
+    {
+        EventMonitor::registerHotKeyMonitorWithAction([this](const QString& hotKey) { fired << hotKey; });
+    }
+
+    QTemporaryDir m_folder;
+    FakeHotKeys hotKeys;
+    QStringList fired;
+};
+
+}
+
+TEST_F(EventMonitorTest, BindsBothCaptureKeysAndHandsOnTheirStrings)
+{
+    bind();
+    EXPECT_EQ(hotKeys.keys.at(1), (FakeHotKeys::Key{18, 256}));
+    EXPECT_EQ(hotKeys.keys.at(2), (FakeHotKeys::Key{19, 256}));
+    hotKeys.press(2);
+    hotKeys.press(1);
+    EXPECT_EQ(fired, (QStringList{QStringLiteral("cmd 2"), QStringLiteral("cmd 1")}));
+}
+
+TEST_F(EventMonitorTest, CountsFromOneAgainAfterEachRebinding)
+{
+    bind();
+    AppSettings::setRegionScreenShotHotKey(QStringLiteral("ctrl shift 9"));
+    bind();
+    ASSERT_EQ(hotKeys.keys.size(), 2U);
+    EXPECT_EQ(hotKeys.keys.at(1), (FakeHotKeys::Key{25, 4096 + 512}));
+    EventMonitor::unregisterHotKeyMonitor();
+    EXPECT_TRUE(hotKeys.keys.empty());
+}
+
+TEST_F(EventMonitorTest, AnEmptyStringBindsNothingAndUnbindsNothing)
+{
+    AppSettings::setRegionScreenShotHotKey(QString());
+    bind();
+    ASSERT_EQ(hotKeys.keys.size(), 1U);
+    EventMonitor::unregisterHotKeyMonitorWithKeyName(QString());
+    EventMonitor::unregisterHotKeyMonitorWithKeyName(QStringLiteral("never bound"));
+    ASSERT_EQ(hotKeys.keys.size(), 1U);
+    hotKeys.press(1);
+    EXPECT_EQ(fired, QStringList{QStringLiteral("cmd 2")});
+}
+
+TEST_F(EventMonitorTest, UnbindingOneCaptureKeyLeavesTheOther)
+{
+    bind();
+    EventMonitor::unregisterHotKeyMonitorWithKeyName(QStringLiteral("cmd 1"));
+    EventMonitor::unregisterHotKeyMonitorWithKeyName(QStringLiteral("cmd 1"));
+    EXPECT_FALSE(hotKeys.keys.contains(1));
+    EXPECT_TRUE(hotKeys.keys.contains(2));
+}
+
+TEST_F(EventMonitorTest, KeepsANamedKeyWithoutGrabbingIt)
+{
+    bind();
+    EventMonitor::registerHotKeyMonitorWithKeyName(QStringLiteral("backspace"), {});
+    EXPECT_EQ(hotKeys.keys.size(), 2U);
+    EventMonitor::unregisterHotKeyMonitorWithKeyName(QStringLiteral("backspace"));
+    EXPECT_EQ(hotKeys.keys.size(), 2U);
+}
+
+TEST_F(EventMonitorTest, TellsWhichKeyIsRefusedUntilItWorks)
+{
+    hotKeys.refusal = QStringLiteral("taken");
+    bind();
+    ASSERT_EQ(EventMonitor::refusals().size(), 2);
+    EXPECT_TRUE(EventMonitor::refusals()[0].contains(QStringLiteral("cmd 1")));
+    hotKeys.onStateChange(1, {});
+    EXPECT_EQ(EventMonitor::refusals().size(), 1);
+}
