@@ -31,7 +31,8 @@ int runResident(int& argc, char** argv)
 {
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    CommLog::startLogging(QStringLiteral("lumora-screenshot"));
+    CommLog::start(QStringLiteral("lumora-screenshot"));
+    CommLog::writeStartHeader();
     Platform platform = makePlatform();
     AppDelegate delegate(platform);
     VerbService verbs(delegate);

@@ -10,23 +10,23 @@ namespace {
 
 const Displays* g_displays = nullptr;
 
-std::vector<Display> screens()
+std::vector<DisplayRecord> screens()
 {
-    return g_displays ? g_displays->all() : std::vector<Display>{};
+    return g_displays ? g_displays->all() : std::vector<DisplayRecord>{};
 }
 
 template <typename Predicate>
-std::optional<Display> firstScreenWhere(Predicate matches)
+std::optional<DisplayRecord> firstScreenWhere(Predicate matches)
 {
-    for (const Display& display : screens())
+    for (const DisplayRecord& display : screens())
         if (matches(display))
             return display;
     return std::nullopt;
 }
 
-std::optional<Display> mainScreen()
+std::optional<DisplayRecord> mainScreen()
 {
-    return firstScreenWhere([](const Display&) { return true; });
+    return firstScreenWhere([](const DisplayRecord&) { return true; });
 }
 
 }
@@ -54,12 +54,12 @@ std::optional<ScreenInfo> ToolScreen::getMainScreenInfo()
 std::vector<ScreenInfo> ToolScreen::screenInfos()
 {
     std::vector<ScreenInfo> infos;
-    for (const Display& display : screens())
+    for (const DisplayRecord& display : screens())
         infos.emplace_back(display);
     return infos;
 }
 
-std::optional<ScreenInfo> ToolScreen::getScreenInfoWithScreen(const std::optional<Display>& screen)
+std::optional<ScreenInfo> ToolScreen::getScreenInfoWithScreen(const std::optional<DisplayRecord>& screen)
 {
     return screen ? std::optional(ScreenInfo(*screen)) : std::nullopt;
 }
@@ -67,35 +67,35 @@ std::optional<ScreenInfo> ToolScreen::getScreenInfoWithScreen(const std::optiona
 std::optional<ScreenInfo> ToolScreen::getScreenInfoWithRect(ZRRect rect)
 {
     return getScreenInfoWithScreen(firstScreenWhere(
-        [rect](const Display& d) { return !d.frame.intersected(rect.normalized()).isEmpty(); }));
+        [rect](const DisplayRecord& d) { return !d.frame.intersected(rect.normalized()).isEmpty(); }));
 }
 
 std::optional<ScreenInfo> ToolScreen::getScreenInfoWithPoint(ZRPoint point)
 {
     const ZRPoint p{point.x, std::max(0.0, point.y)};
-    return getScreenInfoWithScreen(firstScreenWhere([p](const Display& d) { return d.frame.contains(p); }));
+    return getScreenInfoWithScreen(firstScreenWhere([p](const DisplayRecord& d) { return d.frame.contains(p); }));
 }
 
-std::optional<Display> ToolScreen::getFirstScreen()
+std::optional<DisplayRecord> ToolScreen::getFirstScreen()
 {
-    const auto atZero = firstScreenWhere([](const Display& d) { return d.frame.x == 0.0; });
+    const auto atZero = firstScreenWhere([](const DisplayRecord& d) { return d.frame.x == 0.0; });
     return atZero ? atZero : mainScreen();
 }
 
-std::optional<Display> ToolScreen::getScreenWithWindowDisplayId(int displayId)
+std::optional<DisplayRecord> ToolScreen::getScreenWithWindowDisplayId(int displayId)
 {
-    return firstScreenWhere([displayId](const Display& d) { return d.id == displayId; });
+    return firstScreenWhere([displayId](const DisplayRecord& d) { return d.id == displayId; });
 }
 
-std::optional<Display> ToolScreen::screenUnderPointer()
+std::optional<DisplayRecord> ToolScreen::screenUnderPointer()
 {
     const auto pointer = g_displays ? g_displays->pointer() : std::nullopt;
     if (!pointer)
         return std::nullopt;
-    return firstScreenWhere([&pointer](const Display& d) { return d.holds(*pointer); });
+    return firstScreenWhere([&pointer](const DisplayRecord& d) { return d.holds(*pointer); });
 }
 
-QScreen* ToolScreen::qtScreen(const Display& display)
+QScreen* ToolScreen::qtScreen(const DisplayRecord& display)
 {
     const auto all = QGuiApplication::screens();
     const auto it = std::find_if(

@@ -20,17 +20,17 @@ public:
     static int numberOfScreens();
     static std::optional<ScreenInfo> getMainScreenInfo();
     static std::vector<ScreenInfo> screenInfos();
-    static std::optional<ScreenInfo> getScreenInfoWithScreen(const std::optional<Display>& screen);
+    static std::optional<ScreenInfo> getScreenInfoWithScreen(const std::optional<DisplayRecord>& screen);
     // The first display that shares an area with the rectangle.
     static std::optional<ScreenInfo> getScreenInfoWithRect(ZRRect rect);
     // Kept: a negative y counts as 0.
     static std::optional<ScreenInfo> getScreenInfoWithPoint(ZRPoint point);
     // The first display at x 0, else the main one.
-    static std::optional<Display> getFirstScreen();
-    static std::optional<Display> getScreenWithWindowDisplayId(int displayId);
+    static std::optional<DisplayRecord> getFirstScreen();
+    static std::optional<DisplayRecord> getScreenWithWindowDisplayId(int displayId);
 
     // The display that holds the pointer, decided in device pixels.
-    static std::optional<Display> screenUnderPointer();
+    static std::optional<DisplayRecord> screenUnderPointer();
     // Qt's screen of a display; null when it is gone.
-    static QScreen* qtScreen(const Display& display);
+    static QScreen* qtScreen(const DisplayRecord& display);
 };

@@ -67,11 +67,11 @@ void ZRScreenShotManager::startScreenShotIsFullScreen(bool isFullScreen)
         _StartRegionScreenShot();
 }
 
-Display ZRScreenShotManager::currentScreen()
+DisplayRecord ZRScreenShotManager::currentScreen()
 {
     if (!_currentScreen)
         _currentScreen = ToolScreen::getFirstScreen();
-    return _currentScreen.value_or(Display{});
+    return _currentScreen.value_or(DisplayRecord{});
 }
 
 std::optional<ScreenInfo> ZRScreenShotManager::fistScreenInfo()
@@ -123,7 +123,7 @@ void ZRScreenShotManager::_StartFullScreenShot()
 bool ZRScreenShotManager::freezeCurrentScreen()
 {
     QString reason = QStringLiteral("there is no display");
-    const Display display = currentScreen();
+    const DisplayRecord display = currentScreen();
     m_frame = display.isValid() ? m_platform.windowServer->freeze(display, &reason) : nullptr;
     if (!m_frame)
         failCapture(reason);
@@ -156,7 +156,7 @@ void ZRScreenShotManager::initScreenShotEditorWindow()
 
 void ZRScreenShotManager::prepareOverlay()
 {
-    const Display display = currentScreen();
+    const DisplayRecord display = currentScreen();
     if (mIsCapturing || !display.isValid())
         return;
     if (!m_preparedWindow || m_preparedWindow->screenDisplay() != display)
@@ -251,7 +251,7 @@ ZRRect ZRScreenShotManager::changedRegion(ZRRect region, ZRPoint point)
 {
     const auto dx = static_cast<float>(point.x - mRegionBeginPoint.x);
     const auto dy = static_cast<float>(point.y - mRegionBeginPoint.y);
-    const Display& display = m_frame->display();
+    const DisplayRecord& display = m_frame->display();
     if (mDirection == RegionRules::kBody) {
         const ZRSize overlay = display.localRect({QPoint(0, 0), display.pixels.size()}).size();
         return RegionRules::snapped(RegionRules::moved(region, dx, dy, overlay), display.scale);

@@ -40,9 +40,9 @@ public:
     std::function<void(quint64 capture, const CaptureOutcome& outcome)> onFinished;
 
     void setScreenShotHotKey(const QString& hotKey) { mHotKey = hotKey; }
-    void setCurrentScreen(const Display& display) { _currentScreen = display; }
+    void setCurrentScreen(const DisplayRecord& display) { _currentScreen = display; }
     // The main display until one was set; not valid when there is none.
-    Display currentScreen();
+    DisplayRecord currentScreen();
     std::optional<ScreenInfo> fistScreenInfo();
     // The frozen display of the running capture; null outside of one.
     std::shared_ptr<const Frame> frame() const { return m_frame; }
@@ -90,7 +90,7 @@ private:
     unsigned mDirection = 0; // the handle that was pressed, 0 for the body
     std::unique_ptr<ZRStaticScreenShotWindow> mScreenShotEditorWindow;
     std::optional<ScreenInfo> _fistScreenInfo;
-    std::optional<Display> _currentScreen;
+    std::optional<DisplayRecord> _currentScreen;
     std::unique_ptr<ZRStaticScreenShotWindow> m_preparedWindow;
     std::shared_ptr<const Frame> m_frame;
     quint64 m_captureNumber = 0;

@@ -117,7 +117,7 @@ Picture ZRScreenShotViewController::createImage(bool isFullScreen) const
     const auto frame = mManager->frame();
     if (!frame)
         return {};
-    const Display& display = frame->display();
+    const DisplayRecord& display = frame->display();
     QImage image = isFullScreen ? frame->image() : frame->crop(display.localPixels(regionRect()));
     if (AppSettings::imageQualityUserNeed() == kNominalResolution)
         image = PictureRules::averagedToPoints(image, display.scale);

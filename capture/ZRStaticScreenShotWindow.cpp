@@ -10,7 +10,7 @@
 #include <QCloseEvent>
 #include <QScreen>
 
-ZRStaticScreenShotWindow::ZRStaticScreenShotWindow(const Display& display)
+ZRStaticScreenShotWindow::ZRStaticScreenShotWindow(const DisplayRecord& display)
     : View(nullptr,
           Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint | Qt::Tool)
     , mScreen(display)

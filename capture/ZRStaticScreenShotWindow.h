@@ -1,7 +1,7 @@
 #pragma once
 
 #include "customui/View.h"
-#include "platform/Display.h"
+#include "platform/DisplayRecord.h"
 #include "platform/Frame.h"
 #include "platform/WindowServer.h"
 
@@ -18,10 +18,10 @@ class ZRScreenShotManager;
 // may be made long before it is shown: until then it holds no pixels.
 class ZRStaticScreenShotWindow : public View {
 public:
-    explicit ZRStaticScreenShotWindow(const Display& display);
+    explicit ZRStaticScreenShotWindow(const DisplayRecord& display);
     ~ZRStaticScreenShotWindow() override;
 
-    const Display& screenDisplay() const { return mScreen; }
+    const DisplayRecord& screenDisplay() const { return mScreen; }
     ScreenShotBackView& backView() const { return *m_backView; }
     void setMManager(ZRScreenShotManager* manager) { mManager = manager; } // not owned
     ZRScreenShotManager* getMManager() const { return mManager; }
@@ -43,7 +43,7 @@ private:
     void closeEvent(QCloseEvent* event) override;
     void fillWithLayers();
 
-    const Display mScreen;
+    const DisplayRecord mScreen;
     std::shared_ptr<const Frame> m_frame;
     FrozenImageView* mFullImageView = nullptr;
     ScreenShotBackView* m_backView = nullptr;
