@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Display.h"
+#include "platform/DisplayRecord.h"
 
 #include <functional>
 #include <optional>
@@ -13,8 +13,9 @@ public:
 
     // The first display first, the others in the desktop's order; empty when there is none. Cheap: kept until
     // something changes.
-    virtual std::vector<Display> all() const = 0;
-    // The device pixel under the pointer, in the space of Display::pixels; empty when it cannot be told.
+    virtual std::vector<DisplayRecord> all() const = 0;
+    // The device pixel under the pointer, in the space of DisplayRecord::pixels; empty when it cannot be
+    // told.
     virtual std::optional<QPoint> pointer() const = 0;
 
     // Called after a display was added, removed, moved or resized.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Display.h"
+#include "platform/DisplayRecord.h"
 
 #include <QImage>
 
@@ -8,21 +8,22 @@
 // pixels, so it may be read from any thread.
 class Frame {
 public:
-    Frame(Display display, QImage image)
+    Frame(DisplayRecord display, QImage image)
         : m_display(std::move(display))
         , m_image(std::move(image))
     {
     }
 
     // The display as it was when it was frozen.
-    const Display& display() const { return m_display; }
+    const DisplayRecord& display() const { return m_display; }
     // Format_RGB32, display().pixels.size() large, device pixel ratio 1, its fourth byte undefined. The image
     // may borrow the window server's buffer: copies of it share the pixels and must not outlive the frame.
     const QImage& image() const { return m_image; }
-    // A part of the picture, cut at the display's edges; borrows the frame's pixels. Null when nothing is left.
+    // A part of the picture, cut at the display's edges; borrows the frame's pixels. Null when nothing is
+    // left.
     QImage crop(QRect pixelsOnDisplay) const;
 
 private:
-    const Display m_display;
+    const DisplayRecord m_display;
     const QImage m_image;
 };

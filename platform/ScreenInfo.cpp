@@ -30,7 +30,7 @@ ScreenInfo::ScreenInfo(QString name, ZRRect frame, int displayId, double scaleFa
 {
 }
 
-ScreenInfo::ScreenInfo(const Display& display)
+ScreenInfo::ScreenInfo(const DisplayRecord& display)
     : ScreenInfo(display.name, display.frame, display.id, display.scale)
 {
 }
@@ -40,7 +40,7 @@ QString ScreenInfo::description() const
     const ZRRect f = GetScreenFrame();
     return QString::asprintf("\nScreen Info:{\n  ScreenName:%s\n  ScreenFrame:(%0.1f,%0.1f,%0.1f,%0.1f)\n"
                              "  ScreenScaleFactor:%0.1f\n}",
-                             qUtf8Printable(mName), f.x, f.y, f.width, f.height, mScaleFactor);
+        qUtf8Printable(mName), f.x, f.y, f.width, f.height, mScaleFactor);
 }
 
 QVariantMap ScreenInfo::encoded() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Display.h"
+#include "platform/DisplayRecord.h"
 
 #include <QString>
 #include <QVariantMap>
@@ -13,7 +13,7 @@ public:
     ScreenInfo() = default;
     // initWithScreenName:screenFrame:screenDisplayId:screenScaleFactor:
     ScreenInfo(QString name, ZRRect frame, int displayId, double scaleFactor);
-    explicit ScreenInfo(const Display& display);
+    explicit ScreenInfo(const DisplayRecord& display);
 
     int GetDisplayID() const { return mDisplayId; }
     ZRRect GetScreenFrame() const { return mFrameValue.value_or(ZRRect{}); } // points, screen coordinates

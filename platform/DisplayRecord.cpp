@@ -1,4 +1,4 @@
-#include "platform/Display.h"
+#include "platform/DisplayRecord.h"
 
 #include "geometry/ZRServerRect.h"
 
@@ -14,13 +14,13 @@ int nearestPixel(double value)
 
 }
 
-ZRPoint Display::localPoint(QPoint pixel) const
+ZRPoint DisplayRecord::localPoint(QPoint pixel) const
 {
     const QPoint p = pixel - pixels.topLeft();
     return localRect(QRect(p, QSize(0, 0))).origin();
 }
 
-QRect Display::localPixels(ZRRect local) const
+QRect DisplayRecord::localPixels(ZRRect local) const
 {
     const ZRServerRect r = flippedDown(local.normalized(), pixels.height() / scale);
     const int left = nearestPixel(r.x * scale);
@@ -30,7 +30,8 @@ QRect Display::localPixels(ZRRect local) const
     return {left, top, right - left, bottom - top};
 }
 
-ZRRect Display::localRect(QRect p) const
+ZRRect DisplayRecord::localRect(QRect p) const
 {
-    return flippedUp({p.x() / scale, p.y() / scale, p.width() / scale, p.height() / scale}, pixels.height() / scale);
+    return flippedUp(
+        {p.x() / scale, p.y() / scale, p.width() / scale, p.height() / scale}, pixels.height() / scale);
 }

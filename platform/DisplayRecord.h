@@ -7,7 +7,8 @@
 #include <QString>
 
 // One display as the desktop has it. A value: it stays as it was when the display changes or goes.
-struct Display {
+// `Display` alone is a name that Qt's headers declare for X11.
+struct DisplayRecord {
     int id = 0;       // the same for as long as the display stays connected
     QString name;     // the name Qt's screen of this display carries too
     QRect pixels;     // device pixels; origin top-left of the first display, y grows downwards
@@ -25,5 +26,5 @@ struct Display {
     // The inverse of localPixels.
     ZRRect localRect(QRect pixelsOnDisplay) const;
 
-    friend bool operator==(const Display&, const Display&) = default;
+    friend bool operator==(const DisplayRecord&, const DisplayRecord&) = default;
 };

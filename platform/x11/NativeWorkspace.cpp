@@ -1,0 +1,94 @@
+#include "platform/x11/NativeWorkspace.h"
+
+#include <QFileInfo>
+#include <QProcess>
+
+namespace {
+
+constexpr uint32_t kFromPager = 2; // the user's own wish; a window manager does not argue with it
+
+bool openWithDesktop(const QUrl& url)
+{
+    return QProcess::startDetached(QStringLiteral("xdg-open"), {url.toString(QUrl::FullyEncoded)});
+}
+
+xcb_get_property_cookie_t askForWindow(const XConnection& x, xcb_window_t window, xcb_atom_t name)
+{
+    return xcb_get_property(x.get(), false, window, name, XCB_ATOM_WINDOW, 0, 1);
+}
+
+xcb_window_t answeredWindow(const XConnection& x, xcb_get_property_cookie_t cookie)
+{
+    XReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(x.get(), cookie, nullptr));
+    if (!reply || xcb_get_property_value_length(reply.get()) < int(sizeof(xcb_window_t)))
+        return XCB_NONE;
+    return *static_cast<const xcb_window_t*>(xcb_get_property_value(reply.get()));
+}
+
+}
+
+NativeWorkspace::NativeWorkspace(std::shared_ptr<XConnection> connection)
+    : m_x(std::move(connection))
+    , m_activeWindow(m_x->atom("_NET_ACTIVE_WINDOW"))
+    , m_wmCheck(m_x->atom("_NET_SUPPORTING_WM_CHECK"))
+{
+}
+
+ActiveApplication NativeWorkspace::activeApplication() const
+{
+    const auto active = askForWindow(*m_x, m_x->root(), m_activeWindow);
+    const auto focus = xcb_get_input_focus(m_x->get());
+    ActiveApplication application;
+    application.window = answeredWindow(*m_x, active);
+    XReply<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(m_x->get(), focus, nullptr));
+    application.focus = reply ? reply->focus : xcb_window_t(XCB_NONE);
+    return application;
+}
+
+void NativeWorkspace::activate(const ActiveApplication& application)
+{
+    if (application.window && hasWindowManager())
+        askWindowManager(xcb_window_t(application.window));
+    else if (application
+                 .focus) // an event's time may be older than the last change of focus, and then be ignored
+        m_x->discard(xcb_set_input_focus_checked(
+            m_x->get(), XCB_INPUT_FOCUS_PARENT, xcb_window_t(application.focus), XCB_CURRENT_TIME));
+    xcb_flush(m_x->get());
+}
+
+bool NativeWorkspace::openLink(const QUrl& link)
+{
+    return link.isValid() && openWithDesktop(link);
+}
+
+bool NativeWorkspace::revealFile(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.exists() && openWithDesktop(QUrl::fromLocalFile(file.absolutePath()));
+}
+
+// The window that a manager names must name itself: a manager that crashed leaves the root's property behind.
+bool NativeWorkspace::hasWindowManager() const
+{
+    const xcb_window_t check = windowProperty(m_x->root(), m_wmCheck);
+    return check != XCB_NONE && windowProperty(check, m_wmCheck) == check;
+}
+
+xcb_window_t NativeWorkspace::windowProperty(xcb_window_t window, xcb_atom_t name) const
+{
+    return answeredWindow(*m_x, askForWindow(*m_x, window, name));
+}
+
+void NativeWorkspace::askWindowManager(xcb_window_t window)
+{
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = m_activeWindow;
+    message.data.data32[0] = kFromPager;
+    message.data.data32[1] = XCB_CURRENT_TIME;
+    constexpr uint32_t kToManager = XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    m_x->discard(xcb_send_event_checked(
+        m_x->get(), false, m_x->root(), kToManager, reinterpret_cast<const char*>(&message)));
+}

@@ -1,0 +1,56 @@
+#include "platform/Platform.h"
+
+#include "platform/x11/DesktopRules.h"
+#include "platform/x11/NativeDisplays.h"
+#include "platform/x11/NativeHotKeys.h"
+#include "platform/x11/NativeInputGrab.h"
+#include "platform/x11/NativeLoginItem.h"
+#include "platform/x11/NativeWindowServer.h"
+#include "platform/x11/NativeWorkspace.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+DesktopEnvironment environment()
+{
+    return {qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
+        qEnvironmentVariable("XDG_SESSION_TYPE")};
+}
+
+bool canConnect()
+{
+    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+    const bool isConnected = !xcb_connection_has_error(connection);
+    xcb_disconnect(connection);
+    return isConnected;
+}
+
+}
+
+QString desktopProblem()
+{
+    const QString problem = problemOf(environment());
+    if (problem.isEmpty() && !canConnect())
+        return QStringLiteral("There is no X server at display %1.").arg(environment().display);
+    return problem;
+}
+
+QString desktopSessionName()
+{
+    return sessionNameOf(environment().display);
+}
+
+Platform makePlatform()
+{
+    const auto x = XConnection::ofApplication();
+    auto displays = std::make_unique<NativeDisplays>(x);
+    Platform platform;
+    platform.windowServer = std::make_unique<NativeWindowServer>(x, *displays);
+    platform.displays = std::move(displays);
+    platform.hotKeys = std::make_unique<NativeHotKeys>(x);
+    platform.inputGrab = std::make_unique<NativeInputGrab>(x);
+    platform.workspace = std::make_unique<NativeWorkspace>(x);
+    platform.loginItem = std::make_unique<NativeLoginItem>(QCoreApplication::applicationFilePath());
+    return platform;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/InputGrab.h"
+
+// A keyboard that is granted at once, or refused.
+class FakeInputGrab final : public InputGrab {
+public:
+    void grabKeyboard(const QWindow&) override
+    {
+        ++grabs;
+        holds = refusal.isEmpty();
+        isKept = false;
+        if (!holds && onRefused)
+            onRefused(refusal);
+    }
+    void releaseWithKey() override
+    {
+        ++releasesWithKey;
+        isKept = holds;
+    }
+    void release() override
+    {
+        ++releases;
+        holds = isKept = false;
+    }
+    bool holdsKeyboard() const override { return holds; }
+
+    QString refusal; // not empty: the keyboard is not granted, for this reason
+    bool holds = false;
+    bool isKept = false; // until a test calls release()
+    int grabs = 0;
+    int releasesWithKey = 0;
+    int releases = 0;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/WindowServer.h"
+
+// Freezes a picture in which every pixel tells its place.
+class FakeWindowServer final : public WindowServer {
+public:
+    std::shared_ptr<const Frame> freeze(const DisplayRecord& display, QString* reason) override
+    {
+        ++freezes;
+        if (!refusal.isEmpty() && reason)
+            *reason = refusal;
+        return refusal.isEmpty() ? std::make_shared<const Frame>(display, picture(display)) : nullptr;
+    }
+    bool present(const Frame&, const QWindow&, double dim) override
+    {
+        ++presentations;
+        lastDim = dim;
+        return canPresent;
+    }
+
+    // Red and green count the pixel's column and row, blue the display.
+    static QRgb pixel(int id, int x, int y) { return qRgb(x & 0xff, y & 0xff, id & 0xff); }
+    static QImage picture(const DisplayRecord& display)
+    {
+        QImage image(display.pixels.size(), QImage::Format_RGB32);
+        for (int y = 0; y < image.height(); ++y) {
+            auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
+            for (int x = 0; x < image.width(); ++x)
+                row[x] = pixel(display.id, x, y);
+        }
+        return image;
+    }
+
+    QString refusal; // not empty: nothing can be frozen, for this reason
+    bool canPresent = false;
+    int freezes = 0;
+    int presentations = 0;
+    double lastDim = 0;
+};
