@@ -5,6 +5,8 @@
 #include "commonutils/CommLog.h"
 #include "commonutils/NotificationCenter.h"
 #include "settings/AppSettings.h"
+#include "settings/SettingsKeys.h"
+#include "settings/UserDefaults.h"
 
 #include <QScopedValueRollback>
 #include <QTimer>
@@ -48,7 +50,7 @@ void AppDelegate::applicationDidFinishLaunching()
 void AppDelegate::registerDefaults()
 {
     AppSettings::saveToUserDefaultsForKeyIngeterValue(
-        QStringLiteral("NSInitialToolTipDelay"), kToolTipDelayMs);
+        SettingsKeys::kToolTipDelay, kToolTipDelayMs);
     AppSettings::initSettingInNeed(QStringLiteral(":/UserDefaults.plist"));
 }
 
@@ -81,7 +83,8 @@ void AppDelegate::begin()
 {
     NotificationCenter::defaultCenter().addObserver(
         *this, kNeedUpdateHotKey, [this](const QVariantMap&) { needUpdateHotkeyBind(); });
-    AppSettings::onExternalChange([this](const QStringList& keys) { settingsChangedByHand(keys); });
+    if (UserDefaults* store = UserDefaults::standardUserDefaults())
+        store->onExternalChange = [this](const QStringList& keys) { settingsChangedByHand(keys); };
     mScreenShotManager.initContext();
     addhotKey();
     m_hasBegun = true;

@@ -2,6 +2,7 @@
 
 #include "app/DnHotkeyManager.h"
 #include "settings/AppSettings.h"
+#include "settings/NamedHotKeys.h"
 
 #include <QHash>
 
@@ -24,6 +25,25 @@ State& state()
     return current;
 }
 
+// What the settings floor asks for by name.
+class NamedKeys final : public NamedHotKeys {
+public:
+    void registerHotKeyMonitorWithKeyName(const QString& keyName, std::function<void()> action) override
+    {
+        EventMonitor::registerHotKeyMonitorWithKeyName(keyName, [action](const QString&) { action(); });
+    }
+    void unregisterHotKeyMonitorWithKeyName(const QString& keyName) override
+    {
+        EventMonitor::unregisterHotKeyMonitorWithKeyName(keyName);
+    }
+};
+
+NamedKeys& namedKeys()
+{
+    static NamedKeys keys;
+    return keys;
+}
+
 quint32 boundUnlessEmpty(const QString& hotKey, const EventMonitor::Action& action)
 {
     return hotKey.isEmpty() ? 0 : state().manager->bind(hotKey, action);
@@ -41,6 +61,7 @@ void EventMonitor::install(HotKeys* hotKeys)
 {
     unregisterHotKeyMonitor();
     state().hotKeys = hotKeys;
+    AppSettings::install(hotKeys ? &namedKeys() : nullptr);
 }
 
 void EventMonitor::registerHotKeyMonitorWithAction(const Action& action)

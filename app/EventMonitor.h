@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/__DnHotkey.h"
-#include "settings/NamedHotKeys.h"
 
 #include <QStringList>
 

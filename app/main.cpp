@@ -7,9 +7,12 @@
 #include "app/VerbService.h"
 #include "commonutils/CommLog.h"
 #include "platform/Platform.h"
+#include "settings/AppSettings.h"
+#include "settings/UserDefaults.h"
 
 #include <QApplication>
 #include <QLockFile>
+#include <QStandardPaths>
 
 #include <cstdio>
 
@@ -33,6 +36,10 @@ int runResident(int& argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     CommLog::start(QStringLiteral("lumora-screenshot"));
     CommLog::writeStartHeader();
+    UserDefaults settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+        AppSettings::AppBundleId(), AppSettings::AppOldBundleId());
+    settings.startWatching();
+    UserDefaults::setStandardUserDefaults(&settings);
     Platform platform = makePlatform();
     AppDelegate delegate(platform);
     VerbService verbs(delegate);

@@ -186,7 +186,7 @@ void ZRScreenShotManager::mouseDragged(const ZRMouseEvent& event)
 {
     if (m_isEnding)
         return;
-    _updateDragPoint(RegionRules::cutToOverlay(event.location, mScreenShotEditorWindow->bounds().width));
+    _updateDragPoint(RegionRules::cutToOverlay(event.location, overlaySize().width));
     if (!mScreenShotController.isRegionLocked())
         mScreenShotController.setIsDragView(false);
 }
@@ -252,12 +252,16 @@ ZRRect ZRScreenShotManager::changedRegion(ZRRect region, ZRPoint point)
     const auto dx = static_cast<float>(point.x - mRegionBeginPoint.x);
     const auto dy = static_cast<float>(point.y - mRegionBeginPoint.y);
     const DisplayRecord& display = m_frame->display();
-    if (mDirection == RegionRules::kBody) {
-        const ZRSize overlay = display.localRect({QPoint(0, 0), display.pixels.size()}).size();
-        return RegionRules::snapped(RegionRules::moved(region, dx, dy, overlay), display.scale);
-    }
+    if (mDirection == RegionRules::kBody)
+        return RegionRules::snapped(RegionRules::moved(region, dx, dy, overlaySize()), display.scale);
     mScreenShotController.setIsDragView(true);
     return RegionRules::snapped(RegionRules::pulledByHandle(region, int(mDirection), dx, dy), display.scale);
+}
+
+ZRSize ZRScreenShotManager::overlaySize() const
+{
+    const DisplayRecord& display = m_frame->display();
+    return display.localRect({QPoint(0, 0), display.pixels.size()}).size();
 }
 
 void ZRScreenShotManager::_endRegionSelect()

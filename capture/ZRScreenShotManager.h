@@ -76,6 +76,7 @@ private:
     void _updateDragPoint(ZRPoint point);
     void _endRegionSelect();
     ZRRect changedRegion(ZRRect region, ZRPoint point);
+    ZRSize overlaySize() const; // points
     void updateCursor();
 
     void releaseKeyboard();

@@ -1,9 +1,9 @@
 #include "app/EventMonitor.h"
 
 #include "settings/AppSettings.h"
+#include "settings/UserDefaults.h"
 #include "tests/fakes/FakeHotKeys.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -14,11 +14,14 @@ class EventMonitorTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path()));
-        AppSettings::initSettingInNeed({});
+        UserDefaults::setStandardUserDefaults(&m_store);
         EventMonitor::install(&hotKeys);
     }
-    void TearDown() override { EventMonitor::install(nullptr); }
+    void TearDown() override
+    {
+        EventMonitor::install(nullptr);
+        UserDefaults::setStandardUserDefaults(nullptr);
+    }
 
     void bind()
     {
@@ -26,6 +29,7 @@ protected:
     }
 
     QTemporaryDir m_folder;
+    UserDefaults m_store{m_folder.path(), QStringLiteral("test"), QStringLiteral("older")};
     FakeHotKeys hotKeys;
     QStringList fired;
 };

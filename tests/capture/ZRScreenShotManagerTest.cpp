@@ -2,6 +2,7 @@
 
 #include "capture/ToolScreen.h"
 #include "settings/AppSettings.h"
+#include "settings/UserDefaults.h"
 #include "tests/fakes/FakePlatform.h"
 
 #include <QApplication>
@@ -18,8 +19,7 @@ class ZRScreenShotManagerTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path()));
-        AppSettings::initSettingInNeed({});
+        UserDefaults::setStandardUserDefaults(&m_store);
         AppSettings::setScreenshotSavePath(m_folder.filePath(QStringLiteral("pictures")));
         QDir().mkpath(AppSettings::choosedScreenshotSavePath());
         AppSettings::install(&workspace(), nullptr);
@@ -32,6 +32,7 @@ protected:
         manager.reset();
         ToolScreen::install(nullptr);
         AppSettings::install(nullptr, nullptr);
+        UserDefaults::setStandardUserDefaults(nullptr);
     }
 
     FakeWorkspace& workspace() { return static_cast<FakeWorkspace&>(*m_platform.workspace); }
@@ -68,6 +69,7 @@ protected:
     }
 
     QTemporaryDir m_folder;
+    UserDefaults m_store{m_folder.path(), QStringLiteral("test"), QStringLiteral("older")};
     Platform m_platform = makeFakePlatform();
     std::unique_ptr<ZRScreenShotManager> manager;
     std::vector<CaptureOutcome> outcomes;
