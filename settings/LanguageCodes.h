@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+// The interface language that a language or country code stands for, in any case of its letters; empty when
+// none does. Kept: "nl" stands for Norwegian too, and Dutch, the first, answers.
+QString languageNameFromCode(const QString& code);

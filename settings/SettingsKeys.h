@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+// The keys of the settings file. Kept: they lie on users' disks in these spellings.
+namespace SettingsKeys {
+
+inline const QString kRegionHotKey = QStringLiteral("hotkeyRegionScreenShot");
+inline const QString kFullScreenHotKey = QStringLiteral("hotkeyFullScreenShot");
+inline const QString kShowStartWindow = QStringLiteral("applicationIsNeedShowStartWindow");
+inline const QString kWindowRecognize = QStringLiteral("useWindowRecognize");
+inline const QString kScreenshotType = QStringLiteral("screenshotType");
+inline const QString kSavePath = QStringLiteral("screenshotSavePath");
+inline const QString kShowUploadView = QStringLiteral("needShowUplopadToCloundView");
+inline const QString kOpenLink = QStringLiteral("openScreenshotLinkAfterUpload");
+inline const QString kClientLanguage = QStringLiteral("clientLang");
+inline const QString kChannelProvider = QStringLiteral("ChannelProviderID");
+inline const QString kMosaicMode = QStringLiteral("saveMosicModel");
+inline const QString kLanguageMenu = QStringLiteral("LangMenu");
+inline const QString kAutoLaunch = QStringLiteral("applicationAutoLaunch");
+inline const QString kImageQuality = QStringLiteral("userNeedImageQuality");
+inline const QString kCurrentScreen = QStringLiteral("screenshot.userdefault.screeninfo");
+inline const QString kFirstScreen = QStringLiteral("screenshot.userdefault.fistscreeninfo");
+inline const QString kToolTipDelay = QStringLiteral("NSInitialToolTipDelay"); // milliseconds
+
+}
