@@ -5,6 +5,7 @@
 #include "output/ImageWriter.h"
 
 #include <QBuffer>
+#include <QColorSpace>
 #include <QFileInfo>
 #include <QGuiApplication>
 
