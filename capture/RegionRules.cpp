@@ -45,6 +45,8 @@ ZRRect RegionRules::handleRect(ZRRect region, int code)
 
 int RegionRules::pointInResizeRect(ZRRect region, ZRPoint point)
 {
+    if (region.width == 0 && region.height == 0)
+        return kBody;
     for (int code = 1; code <= kHandleCount; ++code)
         if (handleRect(region, code).contains(point))
             return code;

@@ -11,7 +11,8 @@ constexpr int kHandleCount = 8; // handles carry the codes 1 to 8
 // The 8 by 8 square of a handle, 1 to 8: top left, top, top right, left, right, bottom left, bottom, bottom
 // right.
 ZRRect handleRect(ZRRect region, int code);
-// The code of the first handle that holds the point, kBody for none.
+// The code of the first handle that holds the point, kBody for none. A region without any extent has no
+// handles: a drag that begins in the overlay's corner draws a new one.
 int pointInResizeRect(ZRRect region, ZRPoint point);
 // Whether a press at `point` takes hold of a fixed region: inside it or at most 4 points beside it.
 bool isWithinReach(ZRRect region, ZRPoint point);

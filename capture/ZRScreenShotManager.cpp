@@ -11,6 +11,8 @@
 
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kClearDelayMs = 300; // after the end of a capture
@@ -342,16 +344,17 @@ void ZRScreenShotManager::reportOutcome(quint64 capture, const CaptureOutcome& o
 void ZRScreenShotManager::displaysChanged()
 {
     const auto displays = m_platform.displays->all();
-    const bool isCaptureLost =
-        m_frame && mIsCapturing && !m_isEnding &&
-        std::find(displays.begin(), displays.end(), m_frame->display()) == displays.end();
-    if (isCaptureLost) {
+    const auto isThere = [&displays](const DisplayRecord& display) {
+        return std::find(displays.begin(), displays.end(), display) != displays.end();
+    };
+    if (m_frame && mIsCapturing && !m_isEnding && !isThere(m_frame->display())) {
         CommLog::log(QStringLiteral("the captured display changed, the capture ends"));
         _cancelScreenshot();
     }
-    if (!mIsCapturing) {
+    if (_currentScreen && !isThere(*_currentScreen))
         _currentScreen.reset();
+    if (m_preparedWindow && !isThere(m_preparedWindow->screenDisplay()))
         m_preparedWindow.reset();
+    if (!mIsCapturing)
         initContext();
-    }
 }

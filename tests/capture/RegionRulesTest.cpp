@@ -1,5 +1,7 @@
 #include "capture/RegionRules.h"
 
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 using namespace RegionRules;
