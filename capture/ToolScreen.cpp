@@ -73,7 +73,8 @@ std::optional<ScreenInfo> ToolScreen::getScreenInfoWithRect(ZRRect rect)
 std::optional<ScreenInfo> ToolScreen::getScreenInfoWithPoint(ZRPoint point)
 {
     const ZRPoint p{point.x, std::max(0.0, point.y)};
-    return getScreenInfoWithScreen(firstScreenWhere([p](const DisplayRecord& d) { return d.frame.contains(p); }));
+    return getScreenInfoWithScreen(
+        firstScreenWhere([p](const DisplayRecord& d) { return d.frame.contains(p); }));
 }
 
 std::optional<DisplayRecord> ToolScreen::getFirstScreen()

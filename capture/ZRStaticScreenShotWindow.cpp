@@ -51,7 +51,7 @@ void ZRStaticScreenShotWindow::makeKeyAndOrderFront(WindowServer& server)
 {
     m_gate->showUnpainted();
     if (!m_frame || !server.present(*m_frame, *windowHandle(), ScreenShotBackView::kDim))
-        update();
+        m_gate->paint(rect());
     raise();
     activateWindow();
     setFocus();

@@ -38,6 +38,13 @@ void PaintGate::showUnpainted()
     }
 }
 
+void PaintGate::paint(const QRegion& region)
+{
+    const auto children = m_window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QWidget* child : children)
+        child->update(region.translated(-child->pos()));
+}
+
 bool PaintGate::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() == QEvent::Expose && m_window.windowHandle()->isExposed()) {
@@ -65,6 +72,6 @@ void PaintGate::passOverUntilIdle()
 bool PaintGate::answerExposed(const QRegion& region)
 {
     if (!m_isPassing)
-        m_window.update(region);
+        paint(region);
     return true;
 }

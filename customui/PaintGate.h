@@ -9,12 +9,14 @@
 // uncovers later is painted anew instead of being flushed from a backing store that never held it.
 class PaintGate : public QObject {
 public:
-    // `window` is a top-level widget and owns the gate.
+    // `window` is a top-level widget that its children cover and paint; it owns the gate.
     explicit PaintGate(QWidget& window);
 
-    // Shows the window with its visible children. Call update() on the window afterwards where the picture
-    // could not be put there after all.
+    // Shows the window with its visible children.
     void showUnpainted();
+    // Asks all children to paint their part of a region: points of the window. For a picture that could not
+    // be put there, as much as for a part that was uncovered.
+    void paint(const QRegion& region);
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
