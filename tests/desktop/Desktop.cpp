@@ -1,0 +1,134 @@
+#include "tests/desktop/Desktop.h"
+
+#include "tests/desktop/Wait.h"
+
+#include <QDir>
+#include <QFile>
+
+Desktop::Desktop(const DesktopOptions& options)
+{
+    makeHome();
+    m_isReady = startServer(options.size) && (!options.hasWindowManager || startWindowManager()) &&
+                (!options.hasClients || startClients());
+}
+
+Desktop::~Desktop()
+{
+    m_input.reset();
+    while (!m_processes.empty()) {
+        endProcess(*m_processes.back());
+        m_processes.pop_back();
+    }
+}
+
+void Desktop::makeHome()
+{
+    m_environment = QProcessEnvironment::systemEnvironment();
+    for (const QString& variable : m_environment.keys()) {
+        if (variable.startsWith(QLatin1String("QT_")) || variable.startsWith(QLatin1String("XDG_")))
+            m_environment.remove(variable);
+    }
+    m_environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    m_environment.insert(QStringLiteral("HOME"), home());
+    m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("disabled:"));
+    const std::pair<const char*, const char*> folders[] = {{"XDG_CONFIG_HOME", "config"},
+        {"XDG_CACHE_HOME", "cache"}, {"XDG_DATA_HOME", "data"}, {"XDG_RUNTIME_DIR", "runtime"}};
+    for (const auto& [variable, name] : folders) {
+        const QString folder = m_home.filePath(QLatin1String(name));
+        QDir().mkpath(folder);
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        m_environment.insert(QLatin1String(variable), folder);
+    }
+}
+
+bool Desktop::startServer(QSize size)
+{
+    const QString screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
+    QProcess& server = start(QStringLiteral("Xvfb"),
+        {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
+            screen, QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset")});
+    if (!waitUntil([&] { return server.waitForReadyRead(50) || server.canReadLine(); }))
+        return false;
+    m_displayName = QLatin1Char(':') + QString::fromLatin1(server.readLine().trimmed());
+    m_environment.insert(QStringLiteral("DISPLAY"), m_displayName);
+    m_client = std::make_unique<XClient>(m_displayName);
+    if (!m_client->isConnected())
+        return false;
+    m_input = std::make_unique<Input>(*m_client);
+    m_client->paintNoise();
+    return true;
+}
+
+bool Desktop::startWindowManager()
+{
+    start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+    return waitUntil([this] { return m_client->isManaged(); });
+}
+
+bool Desktop::startClients()
+{
+    start(QStringLiteral("xterm"),
+        {QStringLiteral("-geometry"), QStringLiteral("60x16+30+40"), QStringLiteral("-e"),
+            QStringLiteral("sh -c 'ls -l /usr/bin | head -14; exec sleep 1000'")});
+    start(QStringLiteral("xclock"), {QStringLiteral("-update"), QStringLiteral("3600"),
+                                        QStringLiteral("-geometry"), QStringLiteral("200x200+520+60")});
+    start(QStringLiteral("xlogo"), {QStringLiteral("-geometry"), QStringLiteral("180x180+560+340")});
+    return waitUntil([this] {
+        const std::vector<xcb_window_t> windows = m_client->visibleWindows();
+        // A window manager's own ones are a pixel large.
+        return std::count_if(windows.begin(), windows.end(),
+                   [this](xcb_window_t window) { return m_client->geometry(window).width() > 100; }) == 3;
+    });
+}
+
+QImage Desktop::settledScreen() const
+{
+    QImage last = screen();
+    waitUntil([&] {
+        QThread::msleep(100);
+        return std::exchange(last, screen()) == last;
+    });
+    return last;
+}
+
+int Desktop::run(const QString& program, const QStringList& arguments) const
+{
+    const auto process = startProcess(program, arguments, m_environment);
+    if (!process->waitForFinished(5000) || process->exitStatus() != QProcess::NormalExit)
+        return -1;
+    return process->exitCode();
+}
+
+QProcess& Desktop::start(const QString& program, const QStringList& arguments)
+{
+    const ProcessOutput output{{}, m_home.filePath(QStringLiteral("clients.txt"))};
+    m_processes.push_back(startProcess(program, arguments, m_environment, output));
+    m_processes.back()->waitForStarted();
+    return *m_processes.back();
+}
+
+bool Desktop::setDisplay(const QString& name, QRect pixels) const
+{
+    const bool isFirst = pixels.topLeft().isNull();
+    const QString place = QStringLiteral("%1/%2x%3/%4+%5+%6")
+                              .arg(pixels.width())
+                              .arg(pixels.width() / 4)
+                              .arg(pixels.height())
+                              .arg(pixels.height() / 4)
+                              .arg(pixels.x())
+                              .arg(pixels.y());
+    const QString output = isFirst ? QStringLiteral("screen") : QStringLiteral("none");
+    return run(QStringLiteral("xrandr"), {QStringLiteral("--setmonitor"), name, place, output}) == 0;
+}
+
+bool Desktop::removeDisplay(const QString& name) const
+{
+    return run(QStringLiteral("xrandr"), {QStringLiteral("--delmonitor"), name}) == 0;
+}
+
+void Desktop::killServer()
+{
+    m_processes.front()->kill();
+    m_processes.front()->waitForFinished(1000);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "tests/desktop/XClient.h"
+
+#include <initializer_list>
+
+// Positions on the keyboard, as the server numbers them: they mean the same on every layout.
+enum class Key : quint8 {
+    Escape = 9,
+    Digit1 = 10,
+    Digit2 = 11,
+    Digit9 = 18,
+    Q = 24,
+    Control = 37,
+    A = 38,
+    S = 39,
+    Super = 133,
+};
+
+enum class Button : quint8 { Left = 1, Right = 3 };
+
+// Real keys and a real mouse: what it sends comes out of the server as from a device. Whatever is still down
+// goes up when the object goes.
+class Input {
+public:
+    explicit Input(const XClient& client);
+    ~Input();
+
+    void press(Key key);
+    void release(Key key);
+    // Down in the given order, up in the reverse one.
+    void chord(std::initializer_list<Key> keys);
+
+    void moveTo(QPoint point);
+    void press(Button button);
+    void release(Button button);
+    void click(Button button);
+    // Press, a few steps on the way, release.
+    void drag(QPoint from, QPoint to);
+
+private:
+    void send(quint8 type, quint8 detail, QPoint point = {});
+
+    const XClient& m_client;
+    std::vector<Key> m_keysDown;
+    std::vector<Button> m_buttonsDown;
+};

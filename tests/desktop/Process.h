@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QProcess>
+
+#include <memory>
+
+// Where a process of the test desktop writes; an empty path leaves the stream to QProcess.
+struct ProcessOutput {
+    QString outFile;
+    QString errFile;
+};
+
+// Starts a program that the kernel ends when this process ends, in whatever way.
+std::unique_ptr<QProcess> startProcess(const QString& program, const QStringList& arguments,
+    const QProcessEnvironment& environment, const ProcessOutput& output = {});
+
+// Ends it politely, after a second by force. Nothing happens to a process that has ended.
+void endProcess(QProcess& process);

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "tests/desktop/Desktop.h"
+
+// What one run of the program answered.
+struct Answer {
+    int exitCode = -1; // -1 when it crashed or did not end in time
+    QString out;
+    QString err;
+    // The saved file's path, which stands alone on its line.
+    QString path() const { return out.trimmed(); }
+};
+
+// The program under test on a test desktop: its command line, its resident process, its files and its
+// overlay.
+class Program {
+public:
+    // `path` is the executable.
+    Program(Desktop& desktop, QString path);
+    ~Program();
+
+    // Added to the environment of every run from now on.
+    void setEnvironment(const QString& variable, const QString& value)
+    {
+        m_environment.insert(variable, value);
+    }
+    void removeEnvironment(const QString& variable) { m_environment.remove(variable); }
+
+    // One run, from start to end.
+    Answer run(const QStringList& arguments) const;
+    // A run that goes on while the test does something, and its end.
+    std::unique_ptr<QProcess> start(const QStringList& arguments) const;
+    static Answer finish(QProcess& process);
+
+    // Starts the resident program in the foreground; true when its hot keys are live.
+    bool startResident();
+    // Starts it behind a shell command that ends in the program, such as "ulimit -f 64; exec".
+    bool startResidentBehind(const QString& shellPrefix);
+    QProcess& resident() { return *m_resident; }
+    // Asks it to quit; its exit code, -1 when it crashed or did not end in time.
+    int quitResident();
+    bool answers() const { return run({QStringLiteral("cancel")}).exitCode == 0; }
+
+    // The visible overlay, XCB_NONE when there is none.
+    xcb_window_t overlay() const;
+    // Waits until the overlay shows the display `pixels` dimmed, as it looked in `before`, and has the
+    // keyboard.
+    bool waitForOverlay(const QImage& before, QRect pixels) const;
+    bool waitForOverlay(const QImage& before) const { return waitForOverlay(before, before.rect()); }
+    bool waitForNoOverlay() const;
+
+    QString logFile() const;
+    // The messages of the log without their time stamps, and the lines that belong to none as they are.
+    QStringList logLines() const;
+    QString residentErrors() const;
+    QString settingsFile() const;
+    // Writes the settings file as a user with a text editor would.
+    void writeSettings(const QVariantMap& values) const;
+
+    QString saveFolder() const;
+    // The pictures in the save folder, hidden and unfinished ones included, the oldest first.
+    QStringList savedFiles() const;
+
+private:
+    bool startAndWait(const QString& program, const QStringList& arguments);
+    QString errorsFile() const { return m_desktop.home() + QStringLiteral("/errors.txt"); }
+
+    Desktop& m_desktop;
+    QString m_path;
+    QProcessEnvironment m_environment;
+    std::unique_ptr<QProcess> m_resident;
+};

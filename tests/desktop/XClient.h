@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <QString>
+
+#include <vector>
+#include <xcb/xcb.h>
+
+// One connection to the test desktop's server. Keep it open while its input matters: the server forgets what
+// a client sent just before it left. Coordinates are device pixels of the root window.
+class XClient {
+public:
+    explicit XClient(const QString& displayName);
+    ~XClient();
+    XClient(const XClient&) = delete;
+    XClient& operator=(const XClient&) = delete;
+
+    // False when the server cannot be reached, or is gone.
+    bool isConnected() const { return !xcb_connection_has_error(m_connection); }
+    xcb_connection_t* connection() const { return m_connection; }
+    xcb_window_t root() const { return m_screen->root; }
+    const xcb_screen_t& screen() const { return *m_screen; }
+    QSize size() const { return {m_screen->width_in_pixels, m_screen->height_in_pixels}; }
+
+    // Returns when the server has carried out everything sent so far.
+    void sync() const;
+    // What the screen shows, as RGB32; null when it cannot be read.
+    QImage pixels(QRect area) const;
+    // The visible children of the root, the lowest first.
+    std::vector<xcb_window_t> visibleWindows() const;
+    QString title(xcb_window_t window) const;
+    QRect geometry(xcb_window_t window) const;
+    xcb_window_t focusedWindow() const;
+    // Whether some client holds the whole keyboard now.
+    bool isKeyboardTaken() const;
+    // Whether a window manager has announced itself.
+    bool isManaged() const;
+    // Fills the background with a fixed noise that does not repeat itself within a screen's row or column of
+    // tiles by a round number, so that a picture shifted by a pixel differs everywhere.
+    void paintNoise() const;
+
+private:
+    QByteArray property(xcb_window_t window, const char* name) const;
+    xcb_atom_t atom(const char* name) const;
+
+    xcb_connection_t* m_connection;
+    xcb_screen_t* m_screen = nullptr;
+};
