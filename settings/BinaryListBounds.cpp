@@ -45,14 +45,20 @@ private:
         return value;
     }
 
-    bool isObjectBounded(std::uint64_t object, int depth)
+    struct Object {
+        int kind = -1;           // -1 for none: a step outside the file
+        std::uint64_t at = 0;    // of its contents
+        std::uint64_t count = 0; // bytes, units or references
+    };
+
+    Object object(std::uint64_t index) const
     {
         const auto size = static_cast<std::uint64_t>(m_bytes.size());
-        if (depth < 1 || object >= m_objects || m_objects > size || m_table > size)
-            return false;
-        std::uint64_t at = number(m_table + object * m_offsetSize, m_offsetSize);
+        if (index >= m_objects || m_objects > size || m_table > size)
+            return {};
+        std::uint64_t at = number(m_table + index * m_offsetSize, m_offsetSize);
         if (at >= size)
-            return false;
+            return {};
         const std::uint64_t marker = number(at++, 1);
         std::uint64_t count = marker & 0xF;
         if (count == 0xF) { // the count follows as an integer of 2^n bytes
@@ -60,12 +66,15 @@ private:
             count = number(at + 1, width);
             at += 1 + width;
         }
-        return isContentBounded(static_cast<int>(marker >> 4), at, count, depth);
+        return {static_cast<int>(marker >> 4), at, count};
     }
 
-    bool isContentBounded(int kind, std::uint64_t at, std::uint64_t count, int depth)
+    bool isObjectBounded(std::uint64_t index, int depth)
     {
-        switch (kind) {
+        const auto [kind, at, count] = object(index);
+        switch (depth < 1 ? -1 : kind) {
+        case -1:
+            return false;
         case Data:
         case Ascii:
             return spend(at, count, 1);
@@ -75,10 +84,31 @@ private:
         case Set:
             return spend(at, count, m_referenceSize) && areBounded(at, count, depth);
         case Dictionary:
-            return spend(at, count, 2 * m_referenceSize) && areBounded(at, 2 * count, depth);
+            return spend(at, count, 2 * m_referenceSize) && areKeys(at, count) &&
+                   areBounded(at, 2 * count, depth);
         default:
             return spend(at, 0, 0);
         }
+    }
+
+    // Readers take the keys for texts that end at their first zero.
+    bool areKeys(std::uint64_t at, std::uint64_t count) const
+    {
+        for (std::uint64_t i = 0; i < count; ++i)
+            if (!isKey(object(number(at + i * m_referenceSize, m_referenceSize))))
+                return false;
+        return true;
+    }
+
+    bool isKey(const Object& key) const
+    {
+        const std::uint64_t width = key.kind == Utf16 ? 2 : 1;
+        if (key.kind != Ascii && key.kind != Utf16)
+            return false;
+        for (std::uint64_t i = 0; i < key.count; ++i)
+            if (const std::uint64_t unit = number(key.at + i * width, width); unit == 0 || unit == UINT64_MAX)
+                return false;
+        return true;
     }
 
     bool areBounded(std::uint64_t at, std::uint64_t count, int depth)

@@ -76,6 +76,11 @@ void UserDefaults::loadFirst()
         m_file.path(), contents.reason, m_isBroken ? m_file.path() : aside);
 }
 
+void UserDefaults::registerDefaults(const QVariantMap& values)
+{
+    m_registered = PropertyList::normalized(values).toMap();
+}
+
 QVariant UserDefaults::objectForKey(const QString& key) const
 {
     const auto it = m_domain.constFind(key);

@@ -31,7 +31,7 @@ public:
     static void setStandardUserDefaults(UserDefaults* store) { s_standard = store; }
 
     // Values for the keys that the domain lacks; never written.
-    void registerDefaults(const QVariantMap& values) { m_registered = values; }
+    void registerDefaults(const QVariantMap& values);
 
     // The domain's value, else the registered one, converted where its type differs (ValueRules); invalid,
     // empty, false or zero when there is none. No read touches the disk.
