@@ -107,7 +107,8 @@ bool writeRows(TIFF* tiff, const QImage& image)
 bool writeInto(MemoryFile& file, const QImage& image)
 {
     const Tiff tiff = openIn(file);
-    return tiff && setTags(tiff.get(), image) && writeRows(tiff.get(), image) && TIFFWriteDirectory(tiff.get());
+    return tiff && setTags(tiff.get(), image) && writeRows(tiff.get(), image) &&
+           TIFFWriteDirectory(tiff.get());
 }
 
 } // namespace
