@@ -84,8 +84,8 @@ private:
         case Set:
             return spend(at, count, m_referenceSize) && areBounded(at, count, depth);
         case Dictionary:
-            return spend(at, count, 2 * m_referenceSize) && areKeys(at, count) &&
-                   areBounded(at, 2 * count, depth);
+            return spend(at, count, 2 * m_referenceSize) && areBounded(at, 2 * count, depth) &&
+                   areKeys(at, count);
         default:
             return spend(at, 0, 0);
         }

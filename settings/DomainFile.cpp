@@ -42,7 +42,7 @@ DomainFile::Contents DomainFile::read()
     // Not to wait for a writer, should there be a pipe in the file's place.
     const int descriptor = ::open(QFile::encodeName(m_path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0)
-        return errno == ENOENT ? Contents{} : broken(qt_error_string(errno));
+        return errno == ENOENT || errno == ENOTDIR ? Contents{} : broken(qt_error_string(errno));
     m_stamp = FileStamp::of(descriptor);
     QFile file;
     if (!file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))

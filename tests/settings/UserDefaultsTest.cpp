@@ -142,7 +142,7 @@ TEST(UserDefaults, KeepAChangeThatCannotBeWrittenForTheNextWrite)
     EXPECT_EQ(folder.contents(folder.file()), before) << "never half written";
     EXPECT_EQ(folder.names(), QStringList{QStringLiteral("app.plist")});
     folder.replace({{kA, 10}, {kB, 10}});
-    store.setObject(2, kA); // no change in memory, yet the retry
+    store.setObject(10, kB); // no change, yet the retry
     EXPECT_EQ(folder.onDisk(), (QVariantMap{{kA, qint64(2)}, {kB, qint64(10)}}));
 }
 
