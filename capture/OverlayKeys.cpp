@@ -1,18 +1,32 @@
 #include "capture/OverlayKeys.h"
 
+#include "platform/KeyPosition.h"
+
 #include <array>
 
 namespace {
 
 struct Equivalent {
     Qt::Key key;
+    quint32 position; // the key's macOS virtual key code, for layouts without Latin letters
     bool needsCommand;
     OverlayAction action;
 };
 constexpr std::array<Equivalent, 2> kEquivalents{{
-    {Qt::Key_Escape, false, OverlayAction::Cancel},
-    {Qt::Key_S, true, OverlayAction::Save},
+    {Qt::Key_Escape, 53, false, OverlayAction::Cancel},
+    {Qt::Key_S, 1, true, OverlayAction::Save},
 }};
+
+// Whether the layout makes a letter of the key that no equivalent can name.
+bool isForeignLetter(int key)
+{
+    return key > Qt::Key_ydiaeresis && key < Qt::Key_Escape;
+}
+
+bool isPressed(const Equivalent& e, const QKeyEvent& event)
+{
+    return event.key() == e.key || (isForeignLetter(event.key()) && keyPosition(event) == e.position);
+}
 
 bool hasCommand(Qt::KeyboardModifiers modifiers)
 {
@@ -26,7 +40,7 @@ bool hasCommand(Qt::KeyboardModifiers modifiers)
 OverlayAction overlayAction(const QKeyEvent& event)
 {
     for (const Equivalent& e : kEquivalents)
-        if (event.key() == e.key && (!e.needsCommand || hasCommand(event.modifiers())))
+        if (isPressed(e, event) && (!e.needsCommand || hasCommand(event.modifiers())))
             return e.action;
     return OverlayAction::None;
 }

@@ -27,9 +27,9 @@ std::vector<Share> sharesOf(int newPixel, double step, int oldSize)
 
 std::vector<std::vector<Share>> sharesOfAxis(int newSize, double step, int oldSize)
 {
-    std::vector<std::vector<Share>> all;
+    std::vector<std::vector<Share>> all(newSize);
     for (int i = 0; i < newSize; ++i)
-        all.push_back(sharesOf(i, step, oldSize));
+        all[i] = sharesOf(i, step, oldSize);
     return all;
 }
 

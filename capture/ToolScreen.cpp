@@ -43,7 +43,7 @@ int ToolScreen::numberOfScreens()
 
 std::optional<ScreenInfo> ToolScreen::getMainScreenInfo()
 {
-    const auto info = getScreenInfoWithScreen(mainScreen());
+    auto info = getScreenInfoWithScreen(mainScreen());
     if (info) {
         const ZRRect f = info->GetScreenFrame();
         CommLog::log(QString::asprintf("frame x :%f y :%f w:%f h:%f", f.x, f.y, f.width, f.height));

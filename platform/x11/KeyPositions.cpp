@@ -1,5 +1,6 @@
 #include "platform/x11/KeyPositions.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -28,4 +29,12 @@ std::optional<xcb_keycode_t> keycodeAtPosition(quint32 virtualKeyCode)
     if (virtualKeyCode >= kKeycodes.size() || kKeycodes[virtualKeyCode] == 0)
         return std::nullopt;
     return kKeycodes[virtualKeyCode];
+}
+
+std::optional<quint32> virtualKeyCodeAt(xcb_keycode_t keycode)
+{
+    const auto it = std::find(kKeycodes.begin(), kKeycodes.end(), keycode);
+    if (keycode == 0 || it == kKeycodes.end())
+        return std::nullopt;
+    return quint32(it - kKeycodes.begin());
 }

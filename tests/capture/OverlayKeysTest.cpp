@@ -23,3 +23,14 @@ TEST(OverlayKeys, CommandAndControlMeanTheSame)
         EXPECT_EQ(overlayAction(QKeyEvent(QEvent::KeyPress, c.key, c.modifiers)), c.action);
     }
 }
+
+TEST(OverlayKeys, FollowThePositionWhereTheLayoutHasNoLatinLetters)
+{
+    constexpr quint32 kPositionOfS = 39, kPositionOfA = 38; // X keycodes
+    const auto pressed = [](int key, quint32 keycode) {
+        return overlayAction(QKeyEvent(QEvent::KeyPress, key, Qt::ControlModifier, keycode, 0, 0));
+    };
+    EXPECT_EQ(pressed(0x42b, kPositionOfS), OverlayAction::Save) << "a Cyrillic letter";
+    EXPECT_EQ(pressed(0x444, kPositionOfA), OverlayAction::None);
+    EXPECT_EQ(pressed(Qt::Key_O, kPositionOfS), OverlayAction::None) << "a Latin layout decides by letter";
+}
