@@ -1,0 +1,39 @@
+#include "bench/desktop/Subjects.h"
+
+namespace {
+
+constexpr Key kOverlayFloorKey = Key::Digit9;
+constexpr Key kTrayFloorKey = Key(17);    // 8
+constexpr Key kCaptureFloorKey = Key(16); // 7
+
+QString position(Key key)
+{
+    return QString::number(int(key));
+}
+
+}
+
+QString Subjects::program()
+{
+    return QStringLiteral(LUMORA_PROGRAM);
+}
+
+Resident Subjects::ours(Desktop& desktop)
+{
+    return {desktop, program(), {}, kFullScreenKey};
+}
+
+Resident Subjects::overlayFloor(Desktop& desktop)
+{
+    return {desktop, QStringLiteral(FLOOR_OVERLAY), {position(kOverlayFloorKey)}, kOverlayFloorKey};
+}
+
+Resident Subjects::trayFloor(Desktop& desktop)
+{
+    return {desktop, QStringLiteral(FLOOR_TRAY), {position(kTrayFloorKey)}, kTrayFloorKey};
+}
+
+Resident Subjects::captureFloor(Desktop& desktop, const QString& folder)
+{
+    return {desktop, QStringLiteral(FLOOR_CAPTURE), {position(kCaptureFloorKey), folder}, kCaptureFloorKey};
+}

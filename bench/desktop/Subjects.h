@@ -1,0 +1,18 @@
+#pragma once
+
+#include "bench/desktop/Resident.h"
+
+// The programs that are compared, each beside its floor, each with a hot key of its own. The program's
+// full-screen key is the last one that it makes live.
+namespace Subjects {
+
+constexpr Key kRegionKey = Key::Digit1;
+constexpr Key kFullScreenKey = Key::Digit2;
+
+QString program();
+Resident ours(Desktop& desktop);
+Resident overlayFloor(Desktop& desktop);
+Resident trayFloor(Desktop& desktop);
+Resident captureFloor(Desktop& desktop, const QString& folder);
+
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "bench/floors/GrabbedKey.h"
+#include "bench/floors/SharedScreen.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QWidget>
+
+// The least that a Qt program can do between a hot key and a dimmed picture of the screen, and for one step
+// of a region's drag on it: everything is ready beforehand, nothing is decided. Escape hides it. Device
+// pixels; for a screen of scale 1.
+class OverlayFloor : public QWidget, private QAbstractNativeEventFilter {
+public:
+    OverlayFloor(xcb_connection_t* connection, xcb_keycode_t hotKey);
+
+    // False when a key is another program's.
+    bool begin();
+
+private:
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void freezeAndShow();
+    QRegion border() const;
+
+    xcb_connection_t* m_connection;
+    const GrabbedKey m_hotKey;
+    const GrabbedKey m_escape;
+    SharedScreen m_screen;
+    QImage m_picture;
+    QPoint m_start;
+    QRect m_hole;
+};
