@@ -160,7 +160,8 @@ void NativeWindowServer::put(const XSharedSegment& segment, QSize size, xcb_wind
             size.height(), 0, 0, m_layout.depth, XCB_IMAGE_FORMAT_Z_PIXMAP, false, segment.id(), 0));
 }
 
-// The alpha is the nearest byte, as Qt takes it, doubled to the server's sixteen bits.
+// The alpha is the nearest byte, as Qt takes it, doubled to the server's sixteen bits. Every level of a
+// half-dark picture comes out as QPainter's fillRect makes it; at other opacities some are one level apart.
 void NativeWindowServer::darken(QSize size, xcb_window_t window, double opacity)
 {
     const auto alpha = uint16_t(qRound(std::clamp(opacity, 0.0, 1.0) * 255) * 257);

@@ -1,0 +1,82 @@
+#include "platform/x11/NativeDisplays.h"
+
+#include "platform/x11/NativeWindowServer.h"
+#include "tests/platform/x11/XServer.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// Divides the server's 800 x 600 pixels into two monitors for as long as it lives; the right one is the
+// first.
+class TwoMonitors {
+public:
+    TwoMonitors()
+    {
+        EXPECT_TRUE(runTool("xrandr", "--setmonitor LEFT 300/100x600/200+0+0 screen"));
+        EXPECT_TRUE(runTool("xrandr", "--setmonitor *RIGHT 500/150x400/120+300+100 none"));
+    }
+    ~TwoMonitors()
+    {
+        EXPECT_TRUE(runTool("xrandr", "--delmonitor LEFT"));
+        EXPECT_TRUE(runTool("xrandr", "--delmonitor RIGHT"));
+    }
+};
+
+}
+
+TEST(NativeDisplays, PutThePrimaryFirstAndCountFromIt)
+{
+    NativeDisplays displays(XConnection::ofApplication());
+    EXPECT_EQ(displays.all().size(), 1u);
+    int changes = 0;
+    displays.onChange = [&changes] { ++changes; };
+    {
+        TwoMonitors monitors;
+        ASSERT_TRUE(waitFor([&] { return displays.all().size() == 2 && changes > 0; }));
+        const std::vector<DisplayRecord> all = displays.all();
+        EXPECT_EQ(all[0].name, QStringLiteral("RIGHT"));
+        EXPECT_EQ(all[0].pixels, QRect(0, 0, 500, 400));
+        EXPECT_EQ(all[0].frame, (ZRRect{0, 0, 500, 400}));
+        EXPECT_EQ(all[1].name, QStringLiteral("LEFT"));
+        EXPECT_EQ(all[1].pixels, QRect(-300, -100, 300, 600));
+        EXPECT_NE(all[0].id, all[1].id);
+        EXPECT_EQ(displays.originOnRoot(), QPoint(300, 100));
+    }
+    EXPECT_TRUE(waitFor([&] { return displays.all().size() == 1; }));
+}
+
+TEST(NativeDisplays, AnnounceABurstOfChangesOnce)
+{
+    NativeDisplays displays(XConnection::ofApplication());
+    int changes = 0;
+    displays.onChange = [&changes] { ++changes; };
+    {
+        TwoMonitors monitors;
+        letPass(400);
+        EXPECT_EQ(changes, 1);
+    }
+    letPass(400);
+    EXPECT_EQ(changes, 2);
+}
+
+TEST(NativeDisplays, FindThePointerAndTheFrameFromTheFirstDisplay)
+{
+    const auto x = XConnection::ofApplication();
+    NativeDisplays displays(x);
+    NativeWindowServer windowServer(x, displays);
+    XClient client(mainDisplay());
+    client.openWindow({300, 100, 10, 10}, 0xff0000);
+    client.openWindow({290, 100, 10, 10}, 0x00ff00);
+    TwoMonitors monitors;
+    ASSERT_TRUE(waitFor([&] { return displays.all().size() == 2; }));
+    xcb_warp_pointer(client.get(), XCB_NONE, client.screen().root, 0, 0, 0, 0, 298, 99);
+    client.sync();
+    EXPECT_EQ(displays.pointer(), QPoint(-2, -1));
+    const std::vector<DisplayRecord> all = displays.all();
+    const auto first = windowServer.freeze(all[0], nullptr);
+    const auto second = windowServer.freeze(all[1], nullptr);
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first->image().pixel(0, 0), qRgb(255, 0, 0));
+    EXPECT_EQ(second->image().pixel(299, 100), qRgb(0, 255, 0));
+}

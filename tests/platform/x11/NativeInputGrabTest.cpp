@@ -1,0 +1,135 @@
+#include "platform/x11/NativeInputGrab.h"
+
+#include "tests/platform/x11/XServer.h"
+
+#include <QElapsedTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr xcb_keycode_t kEscapeKey = 9;
+
+class NativeInputGrabTest : public testing::Test {
+protected:
+    NativeInputGrabTest()
+    {
+        m_overlay.setFlags(Qt::FramelessWindowHint | Qt::BypassWindowManagerHint);
+        m_overlay.setGeometry(100, 100, 50, 50);
+        m_overlay.show();
+        m_grab.onRefused = [this](const QString& reason) { m_refusal = reason; };
+        m_other.focus(m_other.openWindow({0, 0, 50, 50}, 0));
+    }
+    // A press of Escape reaches the other program's window.
+    bool otherGetsKeys()
+    {
+        m_other.takePresses();
+        m_user.press(kEscapeKey);
+        m_user.release(kEscapeKey);
+        letPass(20);
+        return m_other.takePresses() == 1;
+    }
+
+    XClient m_user{mainDisplay()};
+    XClient m_other{mainDisplay()};
+    QWindow m_overlay;
+    NativeInputGrab m_grab{XConnection::ofApplication()};
+    QString m_refusal;
+};
+
+}
+
+TEST_F(NativeInputGrabTest, TakesTheKeyboardAndGivesItBack)
+{
+    EXPECT_TRUE(otherGetsKeys());
+    m_grab.grabKeyboard(m_overlay);
+    EXPECT_TRUE(m_grab.holdsKeyboard()); // at the first attempt
+    EXPECT_FALSE(otherGetsKeys());
+    m_grab.release();
+    EXPECT_FALSE(m_grab.holdsKeyboard());
+    EXPECT_TRUE(otherGetsKeys());
+}
+
+TEST_F(NativeInputGrabTest, WaitsForAnotherProgram)
+{
+    ASSERT_TRUE(m_other.grabKeyboard());
+    m_grab.grabKeyboard(m_overlay);
+    EXPECT_FALSE(m_grab.holdsKeyboard());
+    letPass(100);
+    m_other.ungrabKeyboard();
+    EXPECT_TRUE(waitFor([this] { return m_grab.holdsKeyboard(); }, 200));
+    EXPECT_TRUE(m_refusal.isEmpty());
+}
+
+TEST_F(NativeInputGrabTest, GivesUpAfterTwoSeconds)
+{
+    ASSERT_TRUE(m_other.grabKeyboard());
+    m_grab.grabKeyboard(m_overlay);
+    letPass(1700);
+    EXPECT_TRUE(m_refusal.isEmpty());
+    EXPECT_TRUE(waitFor([this] { return !m_refusal.isEmpty(); }, 600));
+    EXPECT_EQ(m_refusal, QStringLiteral("another program holds the keyboard"));
+    m_other.ungrabKeyboard();
+    letPass(100);
+    EXPECT_FALSE(m_grab.holdsKeyboard());
+}
+
+TEST_F(NativeInputGrabTest, KeepsTheKeyboardUntilTheEndingKeyIsUp)
+{
+    m_grab.grabKeyboard(m_overlay);
+    m_user.press(kEscapeKey);
+    letPass(20);
+    m_grab.releaseWithKey();
+    m_overlay.hide();
+    m_other.takePresses();
+    letPass(900); // the key repeats
+    EXPECT_TRUE(m_grab.holdsKeyboard());
+    EXPECT_EQ(m_other.takePresses(), 0);
+    m_user.release(kEscapeKey);
+    EXPECT_TRUE(waitFor([this] { return !m_grab.holdsKeyboard(); }, 100));
+    EXPECT_TRUE(otherGetsKeys());
+}
+
+TEST_F(NativeInputGrabTest, KeepsAKeyThatIsNeverReleasedForTwoSeconds)
+{
+    m_grab.grabKeyboard(m_overlay);
+    m_user.press(kEscapeKey);
+    letPass(20);
+    m_grab.releaseWithKey();
+    QElapsedTimer elapsed;
+    elapsed.start();
+    EXPECT_TRUE(waitFor([this] { return !m_grab.holdsKeyboard(); }, 3000));
+    EXPECT_NEAR(double(elapsed.elapsed()), 2000, 200);
+    EXPECT_TRUE(m_refusal.isEmpty());
+}
+
+TEST_F(NativeInputGrabTest, LetsGoAtOnceWhenNoKeyIsDown)
+{
+    m_grab.grabKeyboard(m_overlay);
+    m_user.press(kEscapeKey);
+    m_user.release(kEscapeKey);
+    letPass(20);
+    m_grab.releaseWithKey();
+    EXPECT_FALSE(m_grab.holdsKeyboard());
+    EXPECT_TRUE(otherGetsKeys());
+}
+
+TEST_F(NativeInputGrabTest, MovesAKeptKeyboardToTheNextWindow)
+{
+    m_grab.grabKeyboard(m_overlay);
+    m_user.press(kEscapeKey);
+    letPass(20);
+    m_grab.releaseWithKey();
+    m_grab.grabKeyboard(m_overlay);
+    m_user.release(kEscapeKey);
+    letPass(50);
+    EXPECT_TRUE(m_grab.holdsKeyboard());
+    EXPECT_FALSE(otherGetsKeys());
+}
+
+TEST_F(NativeInputGrabTest, KnowsThatAHiddenWindowLosesIt)
+{
+    m_grab.grabKeyboard(m_overlay);
+    m_overlay.hide();
+    EXPECT_TRUE(waitFor([this] { return !m_grab.holdsKeyboard(); }, 200));
+}
