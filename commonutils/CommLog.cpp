@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr qint64 kLargestKept = 1024 * 1024; // bytes
+constexpr qint64 kLargestKept = 1'048'576; // bytes
 
 QMutex s_pathLock;
 QString s_path;

@@ -115,9 +115,9 @@ QVariant AppSettings::getFromUserDefaultsObject(const QString& key)
     const UserDefaults* store = UserDefaults::standardUserDefaults();
     if (!store)
         return {};
-    if (const QVariant current = store->getObject(key, AppBundleId()); current.isValid())
+    if (QVariant current = store->getObject(key, AppBundleId()); current.isValid())
         return current;
-    const QVariant older = store->getObject(key, AppOldBundleId());
+    QVariant older = store->getObject(key, AppOldBundleId());
     return older.isValid() ? older : store->objectForKey(key);
 }
 
@@ -410,10 +410,10 @@ QString AppSettings::screenshotName()
 
 QString AppSettings::choosedScreenshotSavePath()
 {
-    const QString chosen = storedText(kSavePath).value_or(QString());
+    QString chosen = storedText(kSavePath).value_or(QString());
     if (!chosen.isEmpty())
         return chosen;
-    const QString folder = defaultChooseScreenshotSavePath();
+    QString folder = defaultChooseScreenshotSavePath();
     if (!QFile::exists(folder) && QDir().mkpath(folder))
         setScreenshotSavePath(folder);
     return folder;
@@ -516,7 +516,7 @@ std::optional<QColor> AppSettings::getPixelColorAtLocation(QPointF location, con
 
 QImage AppSettings::createARGBBitmapContextFromImage(const QImage& image)
 {
-    const QImage context = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage context = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (context.isNull())
         std::fputs("Context not created!\n", stderr);
     return context;

@@ -41,7 +41,7 @@ private:
             return UINT64_MAX;
         std::uint64_t value = 0;
         for (std::uint64_t i = 0; i < width; ++i)
-            value = value << 8 | static_cast<std::uint8_t>(m_bytes[static_cast<qsizetype>(at + i)]);
+            value = value << 8 | static_cast<std::uint8_t>(m_bytes.constData()[at + i]);
         return value;
     }
 

@@ -75,8 +75,8 @@ QVariant normalizedMap(const QVariantMap& map, int depth)
 {
     QVariantMap result;
     for (auto it = map.begin(); it != map.end(); ++it)
-        if (QVariant kept = normalizedAt(it.value(), depth + 1); kept.isValid())
-            result.insert(xmlText(it.key()), std::move(kept));
+        if (const QVariant kept = normalizedAt(it.value(), depth + 1); kept.isValid())
+            result.insert(xmlText(it.key()), kept);
     return result;
 }
 
@@ -285,7 +285,7 @@ QByteArray written(const QVariant& value, Writer write)
     char* text = nullptr;
     uint32_t length = 0;
     write(node.get(), &text, &length);
-    const QByteArray result(text, static_cast<qsizetype>(length));
+    QByteArray result(text, static_cast<qsizetype>(length));
     std::free(text);
     return result;
 }

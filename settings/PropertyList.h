@@ -9,8 +9,8 @@
 // Property lists as values: QString, bool, qint64, double, QByteArray, QDateTime, QVariantList, QVariantMap.
 namespace PropertyList {
 
-constexpr qsizetype kLargest = 16 * 1024 * 1024; // bytes
-constexpr int kDeepest = 64;                     // lists within lists
+constexpr qsizetype kLargest = 16'777'216; // bytes
+constexpr int kDeepest = 64;               // lists within lists
 
 // From either form, XML or binary. Empty, and a reason, for anything else, what is cut short, larger than
 // kLargest or deeper than kDeepest.
