@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <utility>
+
 namespace {
 
 QList<QWidget*> withChildren(QWidget& window)
@@ -40,6 +42,10 @@ void PaintGate::showUnpainted()
 
 void PaintGate::paint(const QRegion& region)
 {
+    if (!m_window.testAttribute(Qt::WA_Mapped)) {
+        m_waiting += region;
+        return;
+    }
     const auto children = m_window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     for (QWidget* child : children)
         child->update(region.translated(-child->pos()));
@@ -60,6 +66,7 @@ bool PaintGate::eventFilter(QObject*, QEvent* event)
 void PaintGate::markMapped()
 {
     m_window.setAttribute(Qt::WA_Mapped);
+    paint(std::exchange(m_waiting, {}));
     if (m_isPassing)
         passOverUntilIdle();
 }

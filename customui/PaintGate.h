@@ -25,5 +25,6 @@ private:
     bool answerExposed(const QRegion& region);
 
     QWidget& m_window;
+    QRegion m_waiting;        // to be painted once the window is on the screen
     bool m_isPassing = false; // the exposure of the mapping itself is still arriving
 };
