@@ -8,6 +8,7 @@
 #include "settings/SettingsKeys.h"
 #include "settings/UserDefaults.h"
 
+#include <QCoreApplication>
 #include <QScopedValueRollback>
 #include <QTimer>
 
@@ -49,8 +50,7 @@ void AppDelegate::applicationDidFinishLaunching()
 
 void AppDelegate::registerDefaults()
 {
-    AppSettings::saveToUserDefaultsForKeyIngeterValue(
-        SettingsKeys::kToolTipDelay, kToolTipDelayMs);
+    AppSettings::saveToUserDefaultsForKeyIngeterValue(SettingsKeys::kToolTipDelay, kToolTipDelayMs);
     AppSettings::initSettingInNeed(QStringLiteral(":/UserDefaults.plist"));
 }
 
@@ -148,6 +148,12 @@ void AppDelegate::regionScreenShotFromSystembar()
 void AppDelegate::fullScreenShotFromSystembar()
 {
     startCapture(true);
+}
+
+void AppDelegate::terminate()
+{
+    mScreenShotManager._cancelScreenshot(); // a visible overlay would refuse the end
+    QTimer::singleShot(0, this, [] { QCoreApplication::quit(); });
 }
 
 void AppDelegate::applicationWillTerminate()

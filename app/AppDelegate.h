@@ -17,6 +17,8 @@ public:
     ~AppDelegate() override;
 
     void applicationDidFinishLaunching();
+    // Ends a running capture, gives the former application back its place, then ends the program.
+    void terminate();
     void applicationWillTerminate();
 
     // The second half of the launch: from here on hot keys and verbs work.

@@ -3,8 +3,6 @@
 #include "app/CommandLine.h"
 #include "app/EventMonitor.h"
 
-#include <QCoreApplication>
-
 #include <utility>
 
 namespace {
@@ -55,7 +53,7 @@ void VerbService::handle(const QString& verb, const ResidentServer::Answer& answ
         answer({});
     } else if (verb == QLatin1String("quit")) {
         answer({});
-        QCoreApplication::quit();
+        m_delegate.terminate();
     } else {
         answer({ExitCode::kWrongUsage, {}, CommandLine::usage()});
     }

@@ -49,7 +49,7 @@ int runResident(int& argc, char** argv)
     };
     if (const QString reason = server.listen(); !reason.isEmpty())
         CommLog::log(QStringLiteral("verbs from the command line will not be heard: %1").arg(reason));
-    const TerminationSignals signalsOfTheSystem([] { QCoreApplication::quit(); });
+    const TerminationSignals signalsOfTheSystem([&delegate] { delegate.terminate(); });
     delegate.applicationDidFinishLaunching();
     const int code = QApplication::exec();
     delegate.applicationWillTerminate();
