@@ -75,6 +75,7 @@ bool Desktop::startClients()
                                         QStringLiteral("-geometry"), QStringLiteral("200x200+520+60")});
     start(QStringLiteral("xlogo"), {QStringLiteral("-geometry"), QStringLiteral("180x180+560+340")});
     return waitUntil([this] {
+        m_client->wakeWindowManager();
         const std::vector<xcb_window_t> windows = m_client->visibleWindows();
         // A window manager's own ones are a pixel large.
         return std::count_if(windows.begin(), windows.end(),

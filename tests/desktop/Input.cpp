@@ -9,8 +9,12 @@ Input::Input(const XClient& client)
 
 Input::~Input()
 {
-    if (!m_client.isConnected())
-        return;
+    if (m_client.isConnected())
+        releaseAll();
+}
+
+void Input::releaseAll()
+{
     while (!m_buttonsDown.empty())
         release(m_buttonsDown.back());
     while (!m_keysDown.empty())

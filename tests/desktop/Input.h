@@ -28,6 +28,8 @@ public:
 
     void press(Key key);
     void release(Key key);
+    // Lifts whatever is still down.
+    void releaseAll();
     // Down in the given order, up in the reverse one.
     void chord(std::initializer_list<Key> keys);
 

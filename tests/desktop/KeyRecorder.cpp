@@ -28,7 +28,10 @@ void KeyRecorder::waitForKeyboard()
     m_client.sync();
     if (!m_client.isManaged())
         xcb_set_input_focus(m_client.connection(), XCB_INPUT_FOCUS_POINTER_ROOT, m_window, XCB_CURRENT_TIME);
-    waitUntil([this] { return hasKeyboard(); });
+    waitUntil([this] {
+        m_client.wakeWindowManager();
+        return hasKeyboard();
+    });
 }
 
 std::vector<KeyRecorder::Event> KeyRecorder::take()

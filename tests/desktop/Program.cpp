@@ -2,7 +2,6 @@
 
 #include "tests/desktop/Wait.h"
 
-#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 
@@ -69,6 +68,8 @@ Answer Program::finish(QProcess& process)
     Answer answer;
     if (process.state() == QProcess::NotRunning || process.waitForFinished(10000))
         answer.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    if (!process.isReadable()) // its output went elsewhere
+        return answer;
     answer.out = QString::fromUtf8(process.readAllStandardOutput());
     answer.err = QString::fromUtf8(process.readAllStandardError());
     return answer;
@@ -94,7 +95,16 @@ bool Program::startAndWait(const QString& program, const QStringList& arguments)
 int Program::quitResident()
 {
     run({QStringLiteral("quit")});
-    return finish(*m_resident).exitCode;
+    const int exitCode = finish(*m_resident).exitCode;
+    m_resident.reset();
+    return exitCode;
+}
+
+void Program::killResident()
+{
+    m_resident->kill();
+    m_resident->waitForFinished(1000);
+    m_resident.reset();
 }
 
 xcb_window_t Program::overlay() const
@@ -161,11 +171,11 @@ QString Program::saveFolder() const
     return m_desktop.picturesFolder() + QStringLiteral("/Lumora Mac Screenshot");
 }
 
-QStringList Program::savedFiles() const
+QStringList Program::filesIn(const QString& folder, QDir::Filters filters)
 {
-    const QDir folder(saveFolder());
+    const QDir directory(folder);
     QStringList paths;
-    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden, QDir::Time | QDir::Reversed))
-        paths.push_back(folder.filePath(name));
+    for (const QString& name : directory.entryList(filters, QDir::Name))
+        paths.push_back(directory.filePath(name));
     return paths;
 }

@@ -2,6 +2,8 @@
 
 #include "tests/desktop/Desktop.h"
 
+#include <QDir>
+
 // What one run of the program answered.
 struct Answer {
     int exitCode = -1; // -1 when it crashed or did not end in time
@@ -31,13 +33,21 @@ public:
     // A run that goes on while the test does something, and its end.
     std::unique_ptr<QProcess> start(const QStringList& arguments) const;
     static Answer finish(QProcess& process);
+    // Another program in the same environment.
+    std::unique_ptr<QProcess> startOther(const QString& program, const QStringList& arguments) const
+    {
+        return startProcess(program, arguments, m_environment);
+    }
 
     // Starts the resident program in the foreground; true when its hot keys are live.
     bool startResident();
     // Starts it behind a shell command that ends in the program, such as "ulimit -f 64; exec".
     bool startResidentBehind(const QString& shellPrefix);
+    bool hasResident() const { return m_resident != nullptr; }
     QProcess& resident() { return *m_resident; }
-    // Asks it to quit; its exit code, -1 when it crashed or did not end in time.
+    // Ends it by force, as a crash would, and forgets it.
+    void killResident();
+    // Asks it to quit, waits and forgets it; its exit code, -1 when it crashed or did not end in time.
     int quitResident();
     bool answers() const { return run({QStringLiteral("cancel")}).exitCode == 0; }
 
@@ -58,11 +68,14 @@ public:
     void writeSettings(const QVariantMap& values) const;
 
     QString saveFolder() const;
-    // The pictures in the save folder, hidden and unfinished ones included, the oldest first.
-    QStringList savedFiles() const;
+    // The pictures in the save folder, the oldest first.
+    QStringList savedPictures() const { return filesIn(saveFolder(), QDir::Files); }
+    // Everything in a folder, hidden and unfinished files included.
+    static QStringList allFiles(const QString& folder) { return filesIn(folder, QDir::Files | QDir::Hidden); }
 
 private:
     bool startAndWait(const QString& program, const QStringList& arguments);
+    static QStringList filesIn(const QString& folder, QDir::Filters filters);
     QString errorsFile() const { return m_desktop.home() + QStringLiteral("/errors.txt"); }
 
     Desktop& m_desktop;

@@ -105,6 +105,13 @@ bool XClient::isManaged() const
     return !property(root(), "_NET_SUPPORTING_WM_CHECK").isEmpty();
 }
 
+void XClient::wakeWindowManager() const
+{
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, root(), atom("LUMORA_TEST_WAKE"),
+        XCB_ATOM_CARDINAL, 32, 0, nullptr);
+    sync();
+}
+
 void XClient::paintNoise() const
 {
     constexpr QSize tile(509, 503);

@@ -36,6 +36,8 @@ public:
     bool isKeyboardTaken() const;
     // Whether a window manager has announced itself.
     bool isManaged() const;
+    // A window manager may leave what it has read unhandled until something else happens: this happens.
+    void wakeWindowManager() const;
     // Fills the background with a fixed noise that does not repeat itself within a screen's row or column of
     // tiles by a round number, so that a picture shifted by a pixel differs everywhere.
     void paintNoise() const;

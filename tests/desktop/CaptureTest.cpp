@@ -1,0 +1,215 @@
+#include "tests/desktop/ProgramTest.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+
+namespace {
+
+// One pixel a point, each the mean of `scale` times `scale` device pixels.
+QImage averaged(const QImage& picture, int scale)
+{
+    QImage result(picture.size() / scale, QImage::Format_RGB32);
+    for (int y = 0; y < result.height(); ++y) {
+        for (int x = 0; x < result.width(); ++x) {
+            int red = 0, green = 0, blue = 0;
+            for (int i = 0; i < scale * scale; ++i) {
+                const QRgb pixel = picture.pixel(x * scale + i % scale, y * scale + i / scale);
+                red += qRed(pixel);
+                green += qGreen(pixel);
+                blue += qBlue(pixel);
+            }
+            const int count = scale * scale;
+            result.setPixel(x, y,
+                qRgb(qRound(red / double(count)), qRound(green / double(count)),
+                    qRound(blue / double(count))));
+        }
+    }
+    return result;
+}
+
+class Capture : public EachDesktopTest { };
+
+class CaptureOnTwoDisplays : public EachDesktopTest {
+protected:
+    CaptureOnTwoDisplays()
+        : EachDesktopTest({1440, 600})
+    {
+    }
+    void SetUp() override
+    {
+        EachDesktopTest::SetUp();
+        ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("LEFT"), kLeft));
+        ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("RIGHT"), kRight));
+    }
+
+    static constexpr QRect kLeft{0, 0, 800, 600};
+    static constexpr QRect kRight{800, 0, 640, 480};
+};
+
+} // namespace
+
+LUMORA_ON_EACH_DESKTOP(Capture);
+LUMORA_ON_EACH_DESKTOP(CaptureOnTwoDisplays);
+
+TEST_P(Capture, RegionIsTheScreensOwnPixelsWhateverWayItIsDragged)
+{
+    struct Case {
+        const char* way;
+        QPoint from, to;
+        Key modifier;
+    };
+    const Case cases[] = {
+        {"right and down", {101, 77}, {640, 411}, Key::Control},
+        {"left and up", {640, 411}, {101, 77}, Key::Super},
+        {"right and up", {0, 799}, {333, 0}, Key::Control},
+        {"left and down", {1279, 3}, {1000, 790}, Key::Control},
+    };
+    ASSERT_TRUE(m_program.startResident());
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.way);
+        ASSERT_TRUE(openOverlay());
+        m_desktop.input().drag(c.from, c.to);
+        const QImage picture = pictureAfter({c.modifier, Key::S});
+        EXPECT_TRUE(samePixels(picture, m_before.copy(spannedBy(c.from, c.to))));
+    }
+}
+
+TEST_P(Capture, FileTypeFollowsTheSetting)
+{
+    struct Case {
+        const char* extension;
+        const char* format;
+        double tolerance; // mean difference a channel
+    };
+    const Case cases[] = {
+        {".png", "png", 0},
+        {".bmp", "bmp", 0},
+        {".tiff", "tiff", 0},
+        {".jpg", "jpeg", 3},
+        {".jpeg", "jpeg", 3},
+        {".gif", "gif", 3},
+        {".JPG", "jpeg", 3},
+    };
+    const QPoint from(33, 65), to(391, 270); // a terminal's text
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.extension);
+        m_program.writeSettings({{QStringLiteral("screenshotType"), QLatin1String(c.extension)}});
+        ASSERT_TRUE(m_program.startResident());
+        m_before = m_desktop.settledScreen();
+        const auto region = m_program.start({QStringLiteral("region")});
+        ASSERT_TRUE(m_program.waitForOverlay(m_before));
+        m_desktop.input().drag(from, to);
+        m_desktop.input().chord({Key::Control, Key::S});
+        const Answer answer = Program::finish(*region);
+        EXPECT_EQ(answer.exitCode, 0) << qPrintable(answer.err);
+        EXPECT_EQ(
+            QLatin1Char('.') + QFileInfo(answer.path()).suffix(), QString::fromLatin1(c.extension).toLower());
+        EXPECT_EQ(QImageReader::imageFormat(answer.path()), c.format);
+        EXPECT_LE(meanDifference(QImage(answer.path()), m_before.copy(spannedBy(from, to))), c.tolerance);
+        EXPECT_EQ(m_program.quitResident(), 0);
+    }
+}
+
+TEST_P(Capture, QualityDecidesBetweenDevicePixelsAndPoints)
+{
+    struct Case {
+        const char* scale;
+        int quality;
+        QPoint from, to;
+        int averagedBy; // device pixels a side that become one
+    };
+    const Case cases[] = {
+        {"2", 8, {101, 77}, {640, 411}, 1},
+        {"2", 16, {100, 78}, {640, 412}, 2},
+        {"1", 16, {101, 77}, {640, 411}, 1},
+        {"1.25", 8, {101, 77}, {640, 411}, 1},
+        {"1.5", 8, {641, 411}, {102, 77}, 1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << "scale " << c.scale << ", quality " << c.quality);
+        m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QLatin1String(c.scale));
+        m_program.writeSettings({{QStringLiteral("userNeedImageQuality"), c.quality}});
+        ASSERT_TRUE(m_program.startResident());
+        ASSERT_TRUE(openOverlay());
+        const QImage picture = savedRegion(c.from, c.to);
+        const QImage expected = averaged(m_before.copy(spannedBy(c.from, c.to)), c.averagedBy);
+        EXPECT_EQ(picture.size(), expected.size());
+        EXPECT_LE(meanDifference(picture, expected), c.averagedBy == 1 ? 0 : 0.5);
+        EXPECT_EQ(m_program.quitResident(), 0);
+    }
+}
+
+TEST_P(Capture, HeldKeyAndHurriedKeysStartOne)
+{
+    struct Case {
+        const char* way;
+        std::function<void(Input&)> press;
+    };
+    const Case cases[] = {
+        {"held",
+            [](Input& input) {
+                input.press(Key::Super);
+                input.press(Key::Digit1);
+                QThread::msleep(900); // a held key repeats after 0.6 s
+            }},
+        {"twice",
+            [](Input& input) {
+                input.chord({Key::Super, Key::Digit1});
+                input.chord({Key::Super, Key::Digit1});
+            }},
+        {"both keys",
+            [](Input& input) {
+                input.press(Key::Super);
+                input.chord({Key::Digit1});
+                input.chord({Key::Digit2});
+                input.release(Key::Super);
+            }},
+    };
+    ASSERT_TRUE(m_program.startResident());
+    int starts = 0;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.way);
+        m_before = m_desktop.settledScreen();
+        c.press(m_desktop.input());
+        ASSERT_TRUE(m_program.waitForOverlay(m_before));
+        m_desktop.input().click(Button::Right);
+        ASSERT_TRUE(waitForRest());
+        QThread::msleep(300); // a key still down must not start another
+        EXPECT_EQ(m_program.overlay(), XCB_NONE);
+        EXPECT_EQ(logCount("start screenshot"), ++starts);
+        m_desktop.input().releaseAll();
+    }
+    EXPECT_TRUE(m_program.savedPictures().isEmpty());
+}
+
+TEST_P(CaptureOnTwoDisplays, EachDisplayIsCapturedAlone)
+{
+    struct Case {
+        const char* scales;
+        QRect display;
+    };
+    const Case cases[] = {
+        {"LEFT=1;RIGHT=1", kLeft},
+        {"LEFT=1;RIGHT=1", kRight},
+        {"LEFT=2;RIGHT=1", kLeft},
+        {"LEFT=2;RIGHT=1", kRight},
+        {"LEFT=1;RIGHT=2", kRight},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.scales << " at " << c.display.x());
+        m_program.setEnvironment(QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QLatin1String(c.scales));
+        ASSERT_TRUE(m_program.startResident());
+        m_desktop.input().moveTo(c.display.topLeft()); // the first pixel is the display's own
+        m_before = m_desktop.settledScreen();
+        EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before.copy(c.display)));
+        const Answer answer = m_program.run({QStringLiteral("full")});
+        EXPECT_TRUE(samePixels(QImage(answer.path()), m_before.copy(c.display)));
+
+        QThread::msleep(350);
+        ASSERT_TRUE(openOverlay(c.display));
+        const QPoint from = c.display.topLeft() + QPoint(51, 43);
+        const QPoint to = c.display.bottomRight() - QPoint(60, 32);
+        EXPECT_TRUE(samePixels(savedRegion(from, to), m_before.copy(spannedBy(from, to))));
+        EXPECT_EQ(m_program.quitResident(), 0);
+    }
+}

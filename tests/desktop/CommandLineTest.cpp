@@ -1,0 +1,138 @@
+#include "tests/desktop/ProgramTest.h"
+
+#include <QElapsedTimer>
+
+namespace {
+
+class CommandLine : public ProgramTest { };
+
+} // namespace
+
+TEST_F(CommandLine, AnswersWithoutAResidentProgram)
+{
+    struct Case {
+        QStringList arguments;
+        int exitCode;
+        const char* out; // a part of it; empty for none at all
+        const char* err;
+    };
+    const Case cases[] = {
+        {{QStringLiteral("--version")}, 0, "1.0.0", ""},
+        {{QStringLiteral("--help")}, 0, "region", ""},
+        {{QStringLiteral("cancel")}, 3, "", " "},
+        {{QStringLiteral("quit")}, 3, "", " "},
+        {{QStringLiteral("frobnicate")}, 2, "", "usage"},
+        {{QString()}, 2, "", "usage"},
+        {{QStringLiteral("full"), QStringLiteral("again")}, 2, "", "usage"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(qPrintable(c.arguments.join(QLatin1Char(' '))));
+        const Answer answer = m_program.run(c.arguments);
+        EXPECT_EQ(answer.exitCode, c.exitCode);
+        EXPECT_TRUE(answer.out.contains(QLatin1String(c.out))) << qPrintable(answer.out);
+        EXPECT_TRUE(answer.err.contains(QLatin1String(c.err))) << qPrintable(answer.err);
+        EXPECT_EQ(answer.out.isEmpty(), *c.out == '\0') << qPrintable(answer.out);
+        EXPECT_EQ(answer.err.isEmpty(), *c.err == '\0') << qPrintable(answer.err);
+    }
+}
+
+TEST_F(CommandLine, CaptureStartsTheResidentProgramAndLetsTheShellGo)
+{
+    m_before = m_desktop.settledScreen();
+    m_program.setEnvironment(QStringLiteral("PROGRAM"), QStringLiteral(LUMORA_PROGRAM));
+    // A resident program that kept the pipe open would keep the shell waiting.
+    const auto shell = m_program.startOther(QStringLiteral("sh"),
+        {QStringLiteral("-c"), QStringLiteral("path=$(\"$PROGRAM\" full 2>&1) && echo \"$path\"")});
+    const Answer answer = Program::finish(*shell);
+    EXPECT_EQ(answer.exitCode, 0) << qPrintable(answer.err);
+    EXPECT_TRUE(samePixels(QImage(answer.path()), m_before)) << qPrintable(answer.out);
+    EXPECT_EQ(m_program.run({QStringLiteral("quit")}).exitCode, 0);
+    EXPECT_TRUE(waitUntil([this] { return m_program.run({QStringLiteral("quit")}).exitCode == 3; }));
+}
+
+TEST_F(CommandLine, SecondCaptureIsBusyAndSecondStartSaysThatItRuns)
+{
+    ASSERT_TRUE(m_program.startResident());
+    m_before = m_desktop.settledScreen();
+    const auto region = m_program.start({QStringLiteral("region")});
+    ASSERT_TRUE(m_program.waitForOverlay(m_before));
+    for (const QString& verb : {QStringLiteral("region"), QStringLiteral("full")})
+        EXPECT_EQ(m_program.run({verb}).exitCode, 5);
+    const Answer second = m_program.run({});
+    EXPECT_EQ(second.exitCode, 0);
+    EXPECT_EQ(second.out, QString());
+    EXPECT_TRUE(second.err.contains(QLatin1String("runs"))) << qPrintable(second.err);
+    EXPECT_NE(m_program.overlay(), XCB_NONE);
+    EXPECT_TRUE(m_program.answers());
+    EXPECT_EQ(Program::finish(*region).exitCode, 4);
+}
+
+TEST_F(CommandLine, QuitInMidCaptureEndsBoth)
+{
+    ASSERT_TRUE(m_program.startResident());
+    m_before = m_desktop.settledScreen();
+    const auto region = m_program.start({QStringLiteral("region")});
+    ASSERT_TRUE(m_program.waitForOverlay(m_before));
+    EXPECT_EQ(m_program.quitResident(), 0);
+    EXPECT_NE(Program::finish(*region).exitCode, 0);
+    EXPECT_FALSE(m_desktop.server().isKeyboardTaken());
+}
+
+TEST_F(CommandLine, DesktopThatCannotBeUsedIsSaidAtOnce)
+{
+    struct Case {
+        const char* what;
+        QMap<QString, QString> variables; // a null value removes one
+        const char* message;
+    };
+    const Case cases[] = {
+        {"no display", {{QStringLiteral("DISPLAY"), QString()}}, "display"},
+        {"a display that is not there", {{QStringLiteral("DISPLAY"), QStringLiteral(":9876")}}, ":9876"},
+        {"Wayland",
+            {{QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland")},
+                {QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-0")}},
+            "X11"},
+    };
+    for (const Case& c : cases) {
+        for (const QStringList& arguments : {QStringList(), QStringList{QStringLiteral("region")}}) {
+            SCOPED_TRACE(testing::Message() << c.what << ' ' << arguments.size());
+            Program program(m_desktop, QStringLiteral(LUMORA_PROGRAM));
+            for (auto variable = c.variables.begin(); variable != c.variables.end(); ++variable) {
+                if (variable->isNull())
+                    program.removeEnvironment(variable.key());
+                else
+                    program.setEnvironment(variable.key(), variable.value());
+            }
+            QElapsedTimer timer;
+            timer.start();
+            const Answer answer = program.run(arguments);
+            EXPECT_LT(timer.elapsed(), 2000);
+            EXPECT_EQ(answer.exitCode, 1);
+            EXPECT_EQ(answer.out, QString());
+            EXPECT_TRUE(answer.err.contains(QLatin1String(c.message))) << qPrintable(answer.err);
+        }
+    }
+}
+
+TEST_F(CommandLine, ServerThatVanishesEndsTheProgram)
+{
+    for (const bool isCapturing : {false, true}) {
+        SCOPED_TRACE(isCapturing ? "in mid-capture" : "idle");
+        Desktop desktop({{640, 480}, false, false});
+        Program program(desktop, QStringLiteral(LUMORA_PROGRAM));
+        ASSERT_TRUE(desktop.isReady() && program.startResident());
+        std::unique_ptr<QProcess> region;
+        if (isCapturing) {
+            const QImage before = desktop.screen();
+            region = program.start({QStringLiteral("region")});
+            ASSERT_TRUE(program.waitForOverlay(before));
+        }
+        desktop.killServer();
+        EXPECT_TRUE(program.resident().waitForFinished(2000));
+        EXPECT_EQ(program.resident().exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.resident().exitCode(), 1);
+        if (region) {
+            EXPECT_EQ(Program::finish(*region).exitCode, 1);
+        }
+    }
+}

@@ -1,0 +1,123 @@
+#include "tests/desktop/ProgramTest.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+constexpr int kPauseAfterCaptureMs = 350; // the program drops hot keys for 0.3 s
+
+} // namespace
+
+ProgramTest::ProgramTest(const DesktopOptions& options)
+    : m_desktop(options)
+    , m_program(m_desktop, QStringLiteral(LUMORA_PROGRAM))
+{
+}
+
+void ProgramTest::SetUp()
+{
+    ASSERT_TRUE(m_desktop.isReady());
+}
+
+void ProgramTest::TearDown()
+{
+    const int exitCode = m_program.run({QStringLiteral("quit")}).exitCode;
+    EXPECT_TRUE(exitCode == 0 || exitCode == 3) << exitCode;
+    if (m_program.hasResident()) {
+        EXPECT_EQ(m_program.quitResident(), 0) << qPrintable(m_program.residentErrors());
+    }
+}
+
+testing::AssertionResult ProgramTest::openOverlay()
+{
+    return openOverlay(QRect({}, m_desktop.server().size()));
+}
+
+testing::AssertionResult ProgramTest::openOverlay(QRect display)
+{
+    m_before = m_desktop.settledScreen();
+    m_desktop.input().chord({Key::Super, Key::Digit1});
+    if (m_program.waitForOverlay(m_before, display))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "no overlay; the log ends with "
+                                       << qPrintable(m_program.logLines().mid(-3).join(QLatin1Char('|')));
+}
+
+QImage ProgramTest::savedRegion(QPoint from, QPoint to)
+{
+    m_desktop.input().drag(from, to);
+    return pictureAfter({Key::Control, Key::S});
+}
+
+QImage ProgramTest::pictureAfter(std::initializer_list<Key> keys)
+{
+    const qsizetype count = m_program.savedPictures().size();
+    m_desktop.input().chord(keys);
+    if (!waitUntil([&] { return m_program.savedPictures().size() > count; }) || !waitForRest())
+        return {};
+    return QImage(m_program.savedPictures().last());
+}
+
+testing::AssertionResult ProgramTest::waitForRest() const
+{
+    if (!m_program.waitForNoOverlay())
+        return testing::AssertionFailure() << "the overlay stays";
+    QThread::msleep(kPauseAfterCaptureMs);
+    return testing::AssertionSuccess();
+}
+
+int ProgramTest::logCount(const char* message) const
+{
+    return m_program.logLines().count(QLatin1String(message));
+}
+
+std::string desktopName(const testing::TestParamInfo<bool>& hasWindowManager)
+{
+    return hasWindowManager.param ? "Openbox" : "NoWindowManager";
+}
+
+testing::AssertionResult samePixels(const QImage& actual, const QImage& expected)
+{
+    if (actual.size() != expected.size())
+        return testing::AssertionFailure() << actual.width() << 'x' << actual.height() << " instead of "
+                                           << expected.width() << 'x' << expected.height();
+    const QImage plain = actual.convertToFormat(QImage::Format_RGB32);
+    for (int y = 0; y < plain.height(); ++y) {
+        for (int x = 0; x < plain.width(); ++x) {
+            if (plain.pixel(x, y) != expected.pixel(x, y))
+                return testing::AssertionFailure() << "pixel " << x << ',' << y << " is " << std::hex
+                                                   << plain.pixel(x, y) << ", not " << expected.pixel(x, y);
+        }
+    }
+    return testing::AssertionSuccess();
+}
+
+double meanDifference(const QImage& actual, const QImage& expected)
+{
+    if (actual.size() != expected.size() || actual.isNull())
+        return 255;
+    double sum = 0;
+    for (int y = 0; y < actual.height(); ++y) {
+        for (int x = 0; x < actual.width(); ++x) {
+            const QRgb a = actual.pixel(x, y);
+            const QRgb b = expected.pixel(x, y);
+            sum +=
+                std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b));
+        }
+    }
+    return sum / 3 / actual.width() / actual.height();
+}
+
+QRect spannedBy(QPoint from, QPoint to)
+{
+    const QPoint topLeft(std::min(from.x(), to.x()), std::min(from.y(), to.y()));
+    return {topLeft, QSize(std::abs(to.x() - from.x()), std::abs(to.y() - from.y()))};
+}
+
+// The pictures' plug-ins are found through the application object; the desktop's are no concern of it.
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "tests/desktop/Program.h"
+#include "tests/desktop/Wait.h"
+
+#include <gtest/gtest.h>
+
+// One test's desktop with the program on it. At its end the resident program, when it still runs, quits
+// without a crash.
+class ProgramTest : public testing::Test {
+protected:
+    explicit ProgramTest(const DesktopOptions& options = {});
+    void SetUp() override;
+    void TearDown() override;
+
+    // Presses the region hot key and waits for the overlay on `display`, the whole screen by default.
+    testing::AssertionResult openOverlay();
+    testing::AssertionResult openOverlay(QRect display);
+    // Drags the region, saves it and gives the picture; null when none was saved.
+    QImage savedRegion(QPoint from, QPoint to);
+    // Presses the keys and gives the picture that a capture then leaves; null when there is none.
+    QImage pictureAfter(std::initializer_list<Key> keys);
+    // Waits until the overlay is gone and the pause after a capture is over.
+    testing::AssertionResult waitForRest() const;
+    int logCount(const char* message) const;
+
+    static constexpr QRect kWindow{700, 600, 300, 150}; // free ground for windows of the tests' own
+
+    Desktop m_desktop;
+    Program m_program;
+    QImage m_before; // the screen before the capture, with openOverlay
+};
+
+// The same with a window manager (true) and without one (false).
+class EachDesktopTest : public ProgramTest, public testing::WithParamInterface<bool> {
+protected:
+    explicit EachDesktopTest(QSize size = {1280, 800})
+        : ProgramTest({size, GetParam()})
+    {
+    }
+};
+
+#define LUMORA_ON_EACH_DESKTOP(Suite)                                                                        \
+    INSTANTIATE_TEST_SUITE_P(Desktops, Suite, testing::Values(true, false), desktopName)
+std::string desktopName(const testing::TestParamInfo<bool>& hasWindowManager);
+
+// Says where two pictures differ first.
+testing::AssertionResult samePixels(const QImage& actual, const QImage& expected);
+// The mean difference of the channels, 0 to 255; 255 for pictures of different sizes.
+double meanDifference(const QImage& actual, const QImage& expected);
+// The device pixels of a drag: the pointer's own pixel is not a part of it on its right and bottom edge.
+QRect spannedBy(QPoint from, QPoint to);
