@@ -34,6 +34,7 @@ int runResident(int& argc, char** argv)
 {
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    const TerminationSignals signalsOfTheSystem([] { QCoreApplication::quit(); });
     CommLog::start(QStringLiteral("lumora-screenshot"));
     CommLog::writeStartHeader();
     UserDefaults settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),

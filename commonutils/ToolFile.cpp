@@ -4,7 +4,6 @@
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -27,19 +26,6 @@ bool writeAll(int descriptor, const QByteArray& data)
     return true;
 }
 
-// Closes the descriptor. The stamp is what a later rename keeps; empty, with errno set, on failure.
-std::optional<FileStamp> writeAndClose(int descriptor, const QByteArray& data)
-{
-    std::optional<FileStamp> stamp;
-    if (writeAll(descriptor, data))
-        stamp = FileStamp::of(descriptor);
-    const int problem = errno;
-    if (::close(descriptor) != 0)
-        return std::nullopt;
-    errno = problem;
-    return stamp;
-}
-
 }
 
 bool ToolFile::writeData(const QByteArray& data, const QString& toFile, bool append)
@@ -50,23 +36,6 @@ bool ToolFile::writeData(const QByteArray& data, const QString& toFile, bool app
         return false;
     const bool isWritten = writeAll(descriptor, data);
     return ::close(descriptor) == 0 && isWritten;
-}
-
-std::optional<FileStamp> ToolFile::replaceFile(const QString& path, const QByteArray& data, QString* reason)
-{
-    const QByteArray target = QFile::encodeName(path);
-    QByteArray temporary = target + ".XXXXXX";
-    const int descriptor = ::mkstemp(temporary.data());
-    if (descriptor < 0) {
-        *reason = qt_error_string(errno);
-        return std::nullopt;
-    }
-    const std::optional<FileStamp> stamp = writeAndClose(descriptor, data);
-    if (stamp && ::rename(temporary.constData(), target.constData()) == 0)
-        return stamp;
-    *reason = qt_error_string(errno);
-    ::unlink(temporary.constData());
-    return std::nullopt;
 }
 
 QString ToolFile::linkTarget(const QString& path)

@@ -1,6 +1,6 @@
 #include "output/ImageWriter.h"
 
-#include "output/AtomicFile.h"
+#include "commonutils/AtomicFile.h"
 #include "output/BmpEncoder.h"
 #include "output/GifEncoder.h"
 #include "output/JpegEncoder.h"
@@ -55,7 +55,7 @@ WriteResult ImageWriter::write(const QString& path, const QImage& image, const Q
                            .arg(image.width())
                            .arg(image.height())
                            .arg(imageType)};
-    const QString reason = AtomicFile::write(path, file.data(), file.size());
+    const QString reason = AtomicFile::write(path, file.data(), file.size(), AtomicFile::Access::Umask);
     return {reason.isEmpty(), reason};
 }
 

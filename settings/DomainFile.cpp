@@ -1,5 +1,6 @@
 #include "settings/DomainFile.h"
 
+#include "commonutils/AtomicFile.h"
 #include "commonutils/ToolFile.h"
 #include "settings/PropertyList.h"
 
@@ -54,8 +55,11 @@ QString DomainFile::write(const QVariantMap& values)
 {
     const QString target = ToolFile::linkTarget(m_path);
     QDir().mkpath(QFileInfo(target).path());
-    QString reason;
-    if (const auto stamp = ToolFile::replaceFile(target, PropertyList::xml(values), &reason))
+    const QByteArray list = PropertyList::xml(values);
+    std::optional<FileStamp> stamp;
+    const QString reason = AtomicFile::write(
+        target, list.constData(), size_t(list.size()), AtomicFile::Access::OwnerOnly, &stamp);
+    if (reason.isEmpty())
         m_stamp = stamp;
     return reason;
 }

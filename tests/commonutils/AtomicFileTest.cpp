@@ -1,14 +1,14 @@
-#include "output/AtomicFile.h"
+#include "commonutils/AtomicFile.h"
+
+#include "tests/commonutils/FileSizeLimit.h"
 
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
-#include <csignal>
-
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -24,26 +24,7 @@ int entriesIn(const QString& folder)
     return int(QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size());
 }
 
-// Files of this process end at `bytes` while it lives.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-        : m_handler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    void (*m_handler)(int);
-    rlimit m_before{};
-};
+constexpr AtomicFile::Access kAccess = AtomicFile::Access::Umask;
 
 struct AtomicFileTest : testing::Test {
     QTemporaryDir folder;
@@ -54,8 +35,8 @@ struct AtomicFileTest : testing::Test {
 
 TEST_F(AtomicFileTest, WritesAndReplacesWholeFiles)
 {
-    EXPECT_EQ(AtomicFile::write(path, "first", 5), QString());
-    EXPECT_EQ(AtomicFile::write(path, "second", 6), QString());
+    EXPECT_EQ(AtomicFile::write(path, "first", 5, kAccess), QString());
+    EXPECT_EQ(AtomicFile::write(path, "second", 6, kAccess), QString());
     EXPECT_EQ(contentOf(path), "second");
     EXPECT_EQ(entriesIn(folder.path()), 1);
 }
@@ -63,7 +44,7 @@ TEST_F(AtomicFileTest, WritesAndReplacesWholeFiles)
 TEST_F(AtomicFileTest, GivesTheFileTheUsersPermissions)
 {
     const mode_t before = umask(027);
-    AtomicFile::write(path, "x", 1);
+    AtomicFile::write(path, "x", 1, kAccess);
     umask(before);
     struct stat status { };
     ASSERT_EQ(stat(QFile::encodeName(path).constData(), &status), 0);
@@ -72,7 +53,7 @@ TEST_F(AtomicFileTest, GivesTheFileTheUsersPermissions)
 
 TEST_F(AtomicFileTest, SaysWhyNothingCanBeWritten)
 {
-    AtomicFile::write(path, "x", 1);
+    AtomicFile::write(path, "x", 1, kAccess);
     QDir(folder.path()).mkdir(QStringLiteral("taken"));
     const struct {
         QString path;
@@ -86,7 +67,7 @@ TEST_F(AtomicFileTest, SaysWhyNothingCanBeWritten)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.path.toStdString());
-        const QString reason = AtomicFile::write(c.path, "y", 1);
+        const QString reason = AtomicFile::write(c.path, "y", 1, kAccess);
         EXPECT_FALSE(reason.isEmpty());
         EXPECT_TRUE(reason.contains(QLatin1String(c.reason))) << reason.toStdString();
     }
@@ -96,14 +77,25 @@ TEST_F(AtomicFileTest, SaysWhyNothingCanBeWritten)
 
 TEST_F(AtomicFileTest, KeepsTheOldFileWhenTheNewOneDoesNotFit)
 {
-    AtomicFile::write(path, "old", 3);
+    AtomicFile::write(path, "old", 3, kAccess);
     const QByteArray large(300000, 'n');
     QString reason;
     {
         const FileSizeLimit limit(100000);
-        reason = AtomicFile::write(path, large.constData(), size_t(large.size()));
+        reason = AtomicFile::write(path, large.constData(), size_t(large.size()), kAccess);
     }
     EXPECT_TRUE(reason.contains(QLatin1String("File too large"))) << reason.toStdString();
     EXPECT_EQ(contentOf(path), "old");
     EXPECT_EQ(entriesIn(folder.path()), 1);
+}
+
+TEST_F(AtomicFileTest, KeepsAPrivateFilePrivateAndKnowsItsStamp)
+{
+    AtomicFile::write(path, "old", 3, kAccess);
+    const auto old = FileStamp::of(path);
+    std::optional<FileStamp> stamp;
+    EXPECT_EQ(AtomicFile::write(path, "newer", 5, AtomicFile::Access::OwnerOnly, &stamp), QString());
+    EXPECT_EQ(stamp, FileStamp::of(path));
+    EXPECT_NE(stamp, old);
+    EXPECT_EQ(QFileInfo(path).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }
