@@ -30,24 +30,16 @@ bool BenchRow::isKept() const
     return std::isfinite(ours) && std::isfinite(floor.value_or(1)) && judged() <= limit;
 }
 
+BenchTable::BenchTable()
+{
+    QTextStream(stdout) << "| what | screen | floor | ours | unit | ratio | limit | ok |\n"
+                        << "|---|---|---:|---:|---|---:|---:|---|\n";
+}
+
 void BenchTable::add(const BenchRow& row)
 {
-    m_rows.push_back(row);
-    QTextStream(stderr) << cells(row);
-}
-
-QString BenchTable::text() const
-{
-    QString text = QStringLiteral("| what | screen | floor | ours | unit | ratio | limit | ok |\n"
-                                  "|---|---|---:|---:|---|---:|---:|---|\n");
-    for (const BenchRow& row : m_rows)
-        text += cells(row);
-    return text;
-}
-
-bool BenchTable::isKept() const
-{
-    return std::ranges::all_of(m_rows, &BenchRow::isKept);
+    m_isKept = m_isKept && row.isKept();
+    QTextStream(stdout) << cells(row);
 }
 
 double median(std::vector<double> values)

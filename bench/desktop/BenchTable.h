@@ -20,15 +20,16 @@ struct BenchRow {
     bool isKept() const;
 };
 
-// The rows as a table that reads as text and as Markdown.
+// Prints the rows as they come, on stdout, as a table that reads as text and as Markdown.
 class BenchTable {
 public:
+    BenchTable();
     void add(const BenchRow& row);
-    QString text() const;
-    bool isKept() const;
+    // Whether every row kept its limit.
+    bool isKept() const { return m_isKept; }
 
 private:
-    std::vector<BenchRow> m_rows;
+    bool m_isKept = true;
 };
 
 // 0 for no values.

@@ -8,4 +8,5 @@ void benchStart(BenchDesktop& bench, BenchTable& table);
 void benchOverlay(BenchDesktop& bench, BenchTable& table);
 void benchDrag(BenchDesktop& bench, BenchTable& table);
 void benchCapture(BenchDesktop& bench, BenchTable& table);
+void benchPng(BenchDesktop& bench, BenchTable& table);
 void benchRest(BenchDesktop& bench, BenchTable& table);

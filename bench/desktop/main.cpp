@@ -1,7 +1,6 @@
 #include "bench/desktop/Benches.h"
 
 #include <QGuiApplication>
-#include <QTextStream>
 
 namespace {
 
@@ -15,6 +14,7 @@ constexpr Bench kBenches[] = {
     {"overlay", benchOverlay},
     {"drag", benchDrag},
     {"capture", benchCapture},
+    {"png", benchPng},
     {"rest", benchRest},
 };
 
@@ -31,9 +31,8 @@ std::unique_ptr<BenchDesktop> standingDesktop(QSize size)
 
 }
 
-// bench_desktop [NAME...]: the named benches, or all, on virtual desktops of their own. Prints the rows as
-// they come on stderr and the table on stdout; ends with 1 when a limit is not kept, with 2 when a desktop
-// does not stand.
+// bench_desktop [NAME...]: the named benches, or all, on virtual desktops of their own. Prints one
+// table; ends with 1 when a limit is not kept, with 2 when a desktop does not stand.
 int main(int argc, char* argv[])
 {
     qputenv("QT_QPA_PLATFORM", "offscreen"); // the pictures on the desktops need fonts, not a display
@@ -48,6 +47,5 @@ int main(int argc, char* argv[])
             if (wanted.isEmpty() || wanted.contains(QLatin1String(bench.name)))
                 bench.run(*desktop, table);
     }
-    QTextStream(stdout) << table.text();
     return table.isKept() ? 0 : 1;
 }
