@@ -16,18 +16,18 @@ void onSignal(int)
 
 }
 
-TerminationSignals::TerminationSignals(std::function<void()> onTerminate)
+TerminationSignals::TerminationSignals()
 {
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
     if (::pipe(g_pipe.data()) != 0)
         return;
     m_notifier = std::make_unique<QSocketNotifier>(g_pipe[0], QSocketNotifier::Read);
-    connect(
-        m_notifier.get(), &QSocketNotifier::activated, this, [this, onTerminate = std::move(onTerminate)] {
-            m_notifier->setEnabled(false);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
+        m_notifier->setEnabled(false);
+        if (onTerminate)
             onTerminate();
-        });
+    });
     for (const int number : {SIGTERM, SIGINT, SIGHUP})
         std::signal(number, onSignal);
 }

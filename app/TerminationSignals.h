@@ -10,8 +10,11 @@
 // that would end it in the middle of a write (SIGXFSZ, SIGPIPE) into the write's own error. One a process.
 class TerminationSignals : public QObject {
 public:
-    // Needs the application object; `onTerminate` is called from the event loop.
-    explicit TerminationSignals(std::function<void()> onTerminate);
+    // Needs the application object.
+    TerminationSignals();
+
+    // Called once, from the event loop.
+    std::function<void()> onTerminate;
 
 private:
     std::unique_ptr<QSocketNotifier> m_notifier;

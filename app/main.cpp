@@ -34,7 +34,7 @@ int runResident(int& argc, char** argv)
 {
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    const TerminationSignals signalsOfTheSystem([] { QCoreApplication::quit(); });
+    TerminationSignals signalsOfTheSystem;
     CommLog::start(QStringLiteral("lumora-screenshot"));
     CommLog::writeStartHeader();
     UserDefaults settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
@@ -50,7 +50,7 @@ int runResident(int& argc, char** argv)
     };
     if (const QString reason = server.listen(); !reason.isEmpty())
         CommLog::log(QStringLiteral("verbs from the command line will not be heard: %1").arg(reason));
-    const TerminationSignals signalsOfTheSystem([&delegate] { delegate.terminate(); });
+    signalsOfTheSystem.onTerminate = [&delegate] { delegate.terminate(); };
     delegate.applicationDidFinishLaunching();
     const int code = QApplication::exec();
     delegate.applicationWillTerminate();
