@@ -88,8 +88,8 @@ void ZRScreenShotViewController::_saveRegionShotToLocal()
     // The region goes with the overlay: the picture is taken by value before the capture ends.
     Picture picture = createImage(false);
     mManager->beginEnding();
-    _stopScreenShot();
     saveImageToFile(std::move(picture));
+    _stopScreenShot();
 }
 
 void ZRScreenShotViewController::saveFullScreenToLocal()
