@@ -1,0 +1,40 @@
+#!/bin/sh
+# The one list of the Debian packages that this project needs; installs those that are missing.
+#   scripts/dependencies.sh          to build, run and test
+#   scripts/dependencies.sh bench    to measure as well
+set -eu
+
+build="cmake ninja-build g++ pkg-config qt6-base-dev libgl-dev
+    libxcb1-dev libxcb-shm0-dev libxcb-randr0-dev
+    libplist-dev libdeflate-dev libjpeg62-turbo-dev libtiff-dev libgif-dev
+    libgtest-dev libxcb-xtest0-dev"
+# A desktop where there is none: a server, a window manager, programs with windows, a hand on mouse and keys.
+desktop="xvfb openbox xterm x11-apps x11-utils x11-xserver-utils xdotool fonts-dejavu-core"
+# Beside that desktop the tests change the keyboard's layout and read every file type back.
+test="x11-xkb-utils qt6-image-formats-plugins"
+bench="libxcb-damage0-dev scrot"
+
+wanted="$build $desktop $test"
+case "${1-}" in
+    "") ;;
+    bench) wanted="$wanted $bench" ;;
+    *) echo "usage: scripts/dependencies.sh [bench]" >&2; exit 2 ;;
+esac
+
+missing=""
+for package in $wanted; do
+    status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) || status=""
+    [ "$status" = installed ] || missing="$missing $package"
+done
+[ -n "$missing" ] || exit 0
+
+as_root=""
+if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "Please install:$missing" >&2; exit 1; }
+    as_root=sudo
+fi
+echo "Installing:$missing" >&2
+export DEBIAN_FRONTEND=noninteractive
+$as_root apt-get update -q >&2
+# shellcheck disable=SC2086 # one word a package
+$as_root apt-get install -qy --no-install-recommends $missing >&2 </dev/null
