@@ -2,8 +2,8 @@
 
 #include <QtEndian>
 
-#include <array>
 #include <bit>
+#include <cstring>
 
 namespace {
 
@@ -93,19 +93,16 @@ qsizetype PixelLayout::bytesPerLine(int width) const
     return (bits + rowPadding - 1) / rowPadding * rowPadding / 8;
 }
 
-QImage PixelLayout::converted(const uchar* rows, QSize size) const
+void PixelLayout::convert(const uchar* rows, int count, QImage& image, int firstRow) const
 {
-    QImage image(size, QImage::Format_RGB32);
-    if (image.isNull())
-        return image;
-    const qsizetype stride = bytesPerLine(size.width());
-    for (int y = 0; y < size.height(); ++y) {
-        const uchar* from = rows + y * stride;
-        auto* to = reinterpret_cast<QRgb*>(image.scanLine(y));
-        if (bitsPerPixel == 16)
-            convertRow<quint16>(from, to, size.width(), *this);
+    const int width = image.width();
+    for (int i = 0; i < count; ++i, rows += bytesPerLine(width)) {
+        auto* to = reinterpret_cast<QRgb*>(image.scanLine(firstRow + i));
+        if (isRgb32())
+            std::memcpy(to, rows, size_t(width) * sizeof(QRgb));
+        else if (bitsPerPixel == 16)
+            convertRow<quint16>(rows, to, width, *this);
         else
-            convertRow<quint32>(from, to, size.width(), *this);
+            convertRow<quint32>(rows, to, width, *this);
     }
-    return image;
 }

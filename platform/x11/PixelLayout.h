@@ -18,6 +18,7 @@ struct PixelLayout {
     bool isRgb32() const;
     bool isReadable() const;
     qsizetype bytesPerLine(int width) const;
-    // A copy as RGB32; every channel stretched to 0-255. Needs isReadable().
-    QImage converted(const uchar* rows, QSize size) const;
+    // Writes rows as they came from the server into an RGB32 image of their width, every channel stretched to
+    // 0-255. Needs isReadable().
+    void convert(const uchar* rows, int count, QImage& image, int firstRow) const;
 };

@@ -27,12 +27,21 @@ bool isLocal(const XConnection& x)
            address.ss_family == AF_UNIX;
 }
 
+// Since 1.2 a segment may be a file instead of a number that outlives a killed program.
+bool takesFiles(const XConnection& x)
+{
+    if (!x.isAlive() || !isLocal(x) || !x.extension(&xcb_shm_id))
+        return false;
+    const auto cookie = xcb_shm_query_version(x.get());
+    XReply<xcb_shm_query_version_reply_t> reply(xcb_shm_query_version_reply(x.get(), cookie, nullptr));
+    return reply && (reply->major_version > 1 || reply->minor_version >= 2);
 }
 
-std::shared_ptr<XSharedSegment> XSharedSegment::create(
-    const std::shared_ptr<XConnection>& connection, size_t bytes)
+}
+
+std::unique_ptr<XSharedSegment> XSharedSegment::create(std::shared_ptr<XConnection> connection, size_t bytes)
 {
-    const int file = openMemory(bytes);
+    const int file = takesFiles(*connection) ? openMemory(bytes) : -1;
     if (file < 0)
         return nullptr;
     void* data = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
@@ -40,44 +49,23 @@ std::shared_ptr<XSharedSegment> XSharedSegment::create(
         close(file);
         return nullptr;
     }
-    return std::shared_ptr<XSharedSegment>(
-        new XSharedSegment(connection, static_cast<uchar*>(data), bytes, file));
+    return std::unique_ptr<XSharedSegment>(
+        new XSharedSegment(std::move(connection), file, static_cast<uchar*>(data), bytes));
 }
 
-bool XSharedSegment::isSupported(const XConnection& connection)
-{
-    if (!connection.isAlive() || !isLocal(connection) || !connection.extension(&xcb_shm_id))
-        return false;
-    const auto cookie = xcb_shm_query_version(connection.get());
-    XReply<xcb_shm_query_version_reply_t> reply(
-        xcb_shm_query_version_reply(connection.get(), cookie, nullptr));
-    return reply && (reply->major_version > 1 || reply->minor_version >= 2);
-}
-
-// xcb closes the file once it is sent. A server that cannot attach it refuses the reads into it.
-XSharedSegment::XSharedSegment(std::weak_ptr<XConnection> connection, uchar* data, size_t bytes, int file)
+// xcb closes the file once it is sent. A server that cannot attach it refuses every use of the segment.
+XSharedSegment::XSharedSegment(std::shared_ptr<XConnection> connection, int file, uchar* data, size_t bytes)
     : m_x(std::move(connection))
-    , m_id(xcb_generate_id(m_x.lock()->get()))
+    , m_id(xcb_generate_id(m_x->get()))
     , m_data(data)
     , m_bytes(bytes)
 {
-    const auto x = m_x.lock();
-    x->discard(xcb_shm_attach_fd_checked(x->get(), m_id, file, false));
+    m_x->discard(xcb_shm_attach_fd_checked(m_x->get(), m_id, file, false));
 }
 
 XSharedSegment::~XSharedSegment()
 {
     munmap(m_data, m_bytes);
-    if (const auto x = m_x.lock()) {
-        x->discard(xcb_shm_detach_checked(x->get(), m_id));
-        xcb_flush(x->get());
-    }
-}
-
-void XSharedSegment::prepareSecondHalf() const
-{
-    const size_t page = size_t(sysconf(_SC_PAGESIZE));
-    const size_t start = m_bytes / 2 / page * page;
-    // A kernel without it makes the pages as they are written.
-    madvise(m_data + start, m_bytes - start, MADV_POPULATE_WRITE);
+    m_x->discard(xcb_shm_detach_checked(m_x->get(), m_id));
+    xcb_flush(m_x->get());
 }

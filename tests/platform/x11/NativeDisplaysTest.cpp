@@ -7,7 +7,7 @@
 
 namespace {
 
-// Divides the server's 800 x 600 pixels into two monitors for as long as it lives; the right one is the
+// Makes two monitors of parts of the server's screen for as long as it lives; the right one is the
 // first.
 class TwoMonitors {
 public:

@@ -9,7 +9,7 @@
 int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
-    XServer server(QStringLiteral("800x600x24"));
+    XServer server(QStringLiteral("1600x1200x24"));
     if (server.display().isEmpty()) {
         std::fputs("Xvfb did not start\n", stderr);
         return 1;
