@@ -16,6 +16,7 @@ public:
     virtual void grabKeyboard(const QWindow& window) = 0;
     // Keeps the keyboard, without a window of ours, until the key that is down now comes up, two seconds at
     // most: the repeats of the key that ended a capture reach nobody. Lets go at once when no key is down.
+    // To be called while the window still shows: a window that goes takes the keyboard with it.
     virtual void releaseWithKey() = 0;
     // Lets go at once.
     virtual void release() = 0;

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr size_t kStripBytes = size_t(1) << 20;
+constexpr size_t kStripBytes = size_t(2) << 20;
 constexpr uint32_t kAllPlanes = 0xffffffff;
 
 // Other programs' requests wait for as long as it lives.
