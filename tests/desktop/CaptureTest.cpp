@@ -46,6 +46,15 @@ protected:
     static constexpr QRect kRight{800, 0, 640, 480};
 };
 
+// As over a network.
+class CaptureWithoutSharedMemory : public ProgramTest {
+protected:
+    CaptureWithoutSharedMemory()
+        : ProgramTest({.serverArguments = {QStringLiteral("-extension"), QStringLiteral("MIT-SHM")}})
+    {
+    }
+};
+
 } // namespace
 
 LUMORA_ON_EACH_DESKTOP(Capture);
@@ -212,4 +221,12 @@ TEST_P(CaptureOnTwoDisplays, EachDisplayIsCapturedAlone)
         EXPECT_TRUE(samePixels(savedRegion(from, to), m_before.copy(spannedBy(from, to))));
         EXPECT_EQ(m_program.quitResident(), 0);
     }
+}
+
+TEST_F(CaptureWithoutSharedMemory, ShowsTheSameOverlayAndSavesTheSamePicture)
+{
+    ASSERT_TRUE(m_program.startResident());
+    ASSERT_TRUE(openOverlay());
+    EXPECT_TRUE(samePixels(savedRegion({101, 77}, {640, 411}), m_before.copy(101, 77, 539, 334)));
+    EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before));
 }

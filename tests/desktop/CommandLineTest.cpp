@@ -67,15 +67,23 @@ TEST_F(CommandLine, SecondCaptureIsBusyAndSecondStartSaysThatItRuns)
     EXPECT_EQ(Program::finish(*region).exitCode, 4);
 }
 
-TEST_F(CommandLine, QuitInMidCaptureEndsBoth)
+TEST_F(CommandLine, EndInMidCaptureEndsBoth)
 {
-    ASSERT_TRUE(m_program.startResident());
-    m_before = m_desktop.settledScreen();
-    const auto region = m_program.start({QStringLiteral("region")});
-    ASSERT_TRUE(m_program.waitForOverlay(m_before));
-    EXPECT_EQ(m_program.quitResident(), 0);
-    EXPECT_NE(Program::finish(*region).exitCode, 0);
-    EXPECT_FALSE(m_desktop.server().isKeyboardTaken());
+    for (const bool isSignal : {false, true}) {
+        SCOPED_TRACE(isSignal ? "SIGTERM" : "quit");
+        ASSERT_TRUE(m_program.startResident());
+        m_before = m_desktop.settledScreen();
+        const auto region = m_program.start({QStringLiteral("region")});
+        ASSERT_TRUE(m_program.waitForOverlay(m_before));
+        if (isSignal)
+            m_program.resident().terminate();
+        else
+            EXPECT_EQ(m_program.run({QStringLiteral("quit")}).exitCode, 0);
+        EXPECT_EQ(Program::finish(*region).exitCode, 4);
+        EXPECT_TRUE(m_program.resident().waitForFinished(2000));
+        EXPECT_EQ(m_program.quitResident(), 0);
+        EXPECT_FALSE(m_desktop.server().isKeyboardTaken());
+    }
 }
 
 TEST_F(CommandLine, DesktopThatCannotBeUsedIsSaidAtOnce)

@@ -8,7 +8,7 @@
 Desktop::Desktop(const DesktopOptions& options)
 {
     makeHome();
-    m_isReady = startServer(options.size) && (!options.hasWindowManager || startWindowManager()) &&
+    m_isReady = startServer(options) && (!options.hasWindowManager || startWindowManager()) &&
                 (!options.hasClients || startClients());
 }
 
@@ -42,12 +42,13 @@ void Desktop::makeHome()
     }
 }
 
-bool Desktop::startServer(QSize size)
+bool Desktop::startServer(const DesktopOptions& options)
 {
-    const QString screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
-    QProcess& server = start(QStringLiteral("Xvfb"),
-        {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
-            screen, QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset")});
+    const QString screen = QStringLiteral("%1x%2x24").arg(options.size.width()).arg(options.size.height());
+    const QStringList arguments{QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+        QStringLiteral("0"), screen, QStringLiteral("-nolisten"), QStringLiteral("tcp"),
+        QStringLiteral("-noreset")};
+    QProcess& server = start(QStringLiteral("Xvfb"), arguments + options.serverArguments);
     if (!waitUntil([&] { return server.waitForReadyRead(50) || server.canReadLine(); }))
         return false;
     m_displayName = QLatin1Char(':') + QString::fromLatin1(server.readLine().trimmed());

@@ -13,6 +13,7 @@ struct DesktopOptions {
     QSize size{1280, 800};
     bool hasWindowManager = true;
     bool hasClients = true; // a terminal with text, a clock and a logo over the noise
+    QStringList serverArguments = {};
 };
 
 // A desktop of its own: a virtual X server, on request a window manager and real programs, and a home that
@@ -52,7 +53,7 @@ public:
 
 private:
     void makeHome();
-    bool startServer(QSize size);
+    bool startServer(const DesktopOptions& options);
     bool startWindowManager();
     bool startClients();
 
