@@ -12,7 +12,7 @@ class QScreen;
 class NativeDisplays final : public Displays, private XEventListener {
 public:
     explicit NativeDisplays(std::shared_ptr<XConnection> connection);
-    ~NativeDisplays();
+    ~NativeDisplays() override;
 
     std::vector<DisplayRecord> all() const override;
     std::optional<QPoint> pointer() const override;

@@ -13,7 +13,7 @@
 class NativeHotKeys final : public HotKeys, private XEventListener {
 public:
     explicit NativeHotKeys(std::shared_ptr<XConnection> connection);
-    ~NativeHotKeys();
+    ~NativeHotKeys() override;
 
     QString registerHotKey(quint32 id, quint32 keyCode, quint32 modifiers) override;
     void unregisterHotKey(quint32 id) override;

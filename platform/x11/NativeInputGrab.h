@@ -9,7 +9,7 @@
 class NativeInputGrab final : public InputGrab, private XEventListener {
 public:
     explicit NativeInputGrab(std::shared_ptr<XConnection> connection);
-    ~NativeInputGrab();
+    ~NativeInputGrab() override;
 
     void grabKeyboard(const QWindow& window) override;
     void releaseWithKey() override;

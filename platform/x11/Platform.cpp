@@ -30,7 +30,7 @@ bool canConnect()
 
 QString desktopProblem()
 {
-    const QString problem = problemOf(environment());
+    QString problem = problemOf(environment());
     if (problem.isEmpty() && !canConnect())
         return QStringLiteral("There is no X server at display %1.").arg(environment().display);
     return problem;

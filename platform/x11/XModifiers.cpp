@@ -42,9 +42,9 @@ public:
     {
         if (!m_symbols || !m_modifiers)
             return false;
-        const int keys = m_modifiers->keycodes_per_modifier;
+        const ptrdiff_t keys = m_modifiers->keycodes_per_modifier;
         const xcb_keycode_t* key = xcb_get_modifier_mapping_keycodes(m_modifiers.get()) + modifier * keys;
-        for (int i = 0; i < keys; ++i) {
+        for (ptrdiff_t i = 0; i < keys; ++i) {
             if (key[i] >= m_firstKey && keyHas(key[i], role))
                 return true;
         }
