@@ -9,7 +9,16 @@ NativeWindowServer::NativeWindowServer(
     , m_displays(displays)
     , m_layout(PixelLayout::ofRoot(*m_x))
     , m_strips(m_x, m_layout)
+    , m_windows(m_x)
 {
+}
+
+std::vector<WindowRecord> NativeWindowServer::onScreenWindows() const
+{
+    std::vector<WindowRecord> windows = m_windows.read();
+    for (WindowRecord& window : windows)
+        window.pixels.translate(-m_displays.originOnRoot());
+    return windows;
 }
 
 std::shared_ptr<const Frame> NativeWindowServer::freeze(const DisplayRecord& display, QString* reason)
@@ -32,11 +41,11 @@ std::shared_ptr<const Frame> NativeWindowServer::freeze(const DisplayRecord& dis
     return std::make_shared<const Frame>(display, image);
 }
 
-bool NativeWindowServer::present(const Frame& frame, const QWindow& window, double dim)
+bool NativeWindowServer::present(const Frame& frame, const QWindow& window, const Dimming& dimming)
 {
     // A window with an alpha channel has pixels of another kind than the screen.
     const bool hasAlpha = window.requestedFormat().alphaBufferSize() > 0;
-    return !hasAlpha && m_strips.put(frame.image(), dim, xcb_window_t(window.winId()));
+    return !hasAlpha && m_strips.put(frame.image(), dimming, xcb_window_t(window.winId()));
 }
 
 QImage NativeWindowServer::readOverConnection(QRect r) const

@@ -2,6 +2,7 @@
 
 #include "platform/WindowServer.h"
 #include "platform/x11/StripTransfer.h"
+#include "platform/x11/XWindowList.h"
 
 class NativeDisplays;
 
@@ -11,8 +12,9 @@ class NativeWindowServer final : public WindowServer {
 public:
     NativeWindowServer(std::shared_ptr<XConnection> connection, const NativeDisplays& displays);
 
+    std::vector<WindowRecord> onScreenWindows() const override;
     std::shared_ptr<const Frame> freeze(const DisplayRecord& display, QString* reason) override;
-    bool present(const Frame& frame, const QWindow& window, double dim) override;
+    bool present(const Frame& frame, const QWindow& window, const Dimming& dimming) override;
 
 private:
     QImage readOverConnection(QRect rootPixels) const;
@@ -21,4 +23,5 @@ private:
     const NativeDisplays& m_displays;
     const PixelLayout m_layout;
     StripTransfer m_strips;
+    XWindowList m_windows;
 };

@@ -12,6 +12,15 @@ namespace {
 constexpr size_t kStripBytes = size_t(2) << 20;
 constexpr uint32_t kAllPlanes = 0xffffffff;
 
+// By Qt's painter, so that every pixel is the one which a window would paint itself.
+void darken(QImage& picture, const Dimming& dimming)
+{
+    const QColor veil(0, 0, 0, qRound(std::clamp(dimming.opacity, 0.0, 1.0) * 255));
+    QPainter painter(&picture);
+    for (const QRect& dark : QRegion(picture.rect()).subtracted(dimming.bright))
+        painter.fillRect(dark, veil);
+}
+
 // Other programs' requests wait for as long as it lives.
 class ServerGrab {
 public:
@@ -82,14 +91,14 @@ QImage StripTransfer::read(QRect rootPixels)
     return isComplete ? image : QImage();
 }
 
-bool StripTransfer::put(const QImage& picture, double dim, xcb_window_t window)
+bool StripTransfer::put(const QImage& picture, const Dimming& dimming, xcb_window_t window)
 {
     if (!m_segment || !m_layout.isRgb32() || !m_x->isAlive())
         return false;
     int number = 0;
     for (const QRect& rows : cutIntoRows(picture.rect(), rowsInStrip(picture.width()))) {
         waitUntilPut(number);
-        putRows(picture, rows, dim, window, number);
+        putRows(picture, rows, dimming, window, number);
         number = (number + 1) % kStrips;
     }
     return true;
@@ -118,14 +127,14 @@ StripTransfer::Reading StripTransfer::startReading(QRect r, int number) const
     return reading;
 }
 
-// Darkened by Qt's painter in the strip, so that every pixel is the one which a window would paint itself.
-void StripTransfer::putRows(const QImage& picture, QRect rows, double dim, xcb_window_t window, int number)
+void StripTransfer::putRows(
+    const QImage& picture, QRect rows, const Dimming& dimming, xcb_window_t window, int number)
 {
     QImage part(strip(number), rows.width(), rows.height(), m_layout.bytesPerLine(rows.width()),
         QImage::Format_RGB32);
     for (int y = 0; y < rows.height(); ++y)
         std::memcpy(part.scanLine(y), picture.constScanLine(rows.top() + y), size_t(rows.width()) * 4);
-    QPainter(&part).fillRect(part.rect(), QColor(0, 0, 0, qRound(std::clamp(dim, 0.0, 1.0) * 255)));
+    darken(part, {dimming.opacity, dimming.bright.translated(0, -rows.top())});
     m_x->discard(xcb_shm_put_image_checked(m_x->get(), window, context(), rows.width(), rows.height(), 0, 0,
         rows.width(), rows.height(), 0, rows.top(), m_layout.depth, XCB_IMAGE_FORMAT_Z_PIXMAP, false,
         m_segment->id(), offsetOf(number)));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/WindowServer.h"
 #include "platform/x11/PixelLayout.h"
 #include "platform/x11/XSharedSegment.h"
 
@@ -19,9 +20,9 @@ public:
     // The root window's pixels of one moment: other programs wait until they are read. Null when the server
     // shares no memory, or for a rectangle that is not all on the screen.
     QImage read(QRect rootPixels);
-    // Puts an RGB32 picture, under black of that opacity, at a window's top-left corner. False when the
+    // Puts an RGB32 picture, dimmed, at a window's top-left corner. False when the
     // server shares no memory or has pixels of another kind.
-    bool put(const QImage& picture, double dim, xcb_window_t window);
+    bool put(const QImage& picture, const Dimming& dimming, xcb_window_t window);
 
 private:
     static constexpr int kStrips = 2;
@@ -31,7 +32,7 @@ private:
     uchar* strip(int number) const;
     uint32_t offsetOf(int number) const;
     Reading startReading(QRect rootPixels, int number) const;
-    void putRows(const QImage& picture, QRect rows, double dim, xcb_window_t window, int number);
+    void putRows(const QImage& picture, QRect rows, const Dimming& dimming, xcb_window_t window, int number);
     void waitUntilPut(int number);
     xcb_gcontext_t context();
 

@@ -5,6 +5,7 @@
 // Freezes a picture in which every pixel tells its place.
 class FakeWindowServer final : public WindowServer {
 public:
+    std::vector<WindowRecord> onScreenWindows() const override { return windows; }
     std::shared_ptr<const Frame> freeze(const DisplayRecord& display, QString* reason) override
     {
         ++freezes;
@@ -12,10 +13,10 @@ public:
             *reason = refusal;
         return refusal.isEmpty() ? std::make_shared<const Frame>(display, picture(display)) : nullptr;
     }
-    bool present(const Frame&, const QWindow&, double dim) override
+    bool present(const Frame&, const QWindow&, const Dimming& dimming) override
     {
         ++presentations;
-        lastDim = dim;
+        lastDimming = dimming;
         return canPresent;
     }
 
@@ -32,9 +33,10 @@ public:
         return image;
     }
 
+    std::vector<WindowRecord> windows;
     QString refusal; // not empty: nothing can be frozen, for this reason
     bool canPresent = false;
     int freezes = 0;
     int presentations = 0;
-    double lastDim = 0;
+    Dimming lastDimming;
 };

@@ -173,7 +173,7 @@ TEST(NativeWindowServer, PresentsTheFrameDimmedAsAPainterDims)
         QImage expected = frame->image().copy();
         QPainter(&expected).fillRect(expected.rect(), QColor(0, 0, 0, qRound(dim * 255)));
         Overlay overlay(display.pixels);
-        ASSERT_TRUE(desktop.windowServer.present(*frame, overlay, dim));
+        ASSERT_TRUE(desktop.windowServer.present(*frame, overlay, {dim, {}}));
         letPass(50);
         EXPECT_EQ(screenshot(desktop.client, display.pixels), expected);
         EXPECT_EQ(frame->image(), picture); // the frame itself stays bright
@@ -190,8 +190,8 @@ TEST(NativeWindowServer, LeavesOtherWindowsToPaintThemselves)
     format.setAlphaBufferSize(8);
     translucent.setFormat(format);
     translucent.show();
-    EXPECT_FALSE(desktop.windowServer.present(*frame, translucent, 0.5));
+    EXPECT_FALSE(desktop.windowServer.present(*frame, translucent, {0.5, {}}));
     Overlay overlay(display.pixels);
     OtherServer unshared("320x200x24", "-extension MIT-SHM");
-    EXPECT_FALSE(unshared.windowServer.present(*frame, overlay, 0.5));
+    EXPECT_FALSE(unshared.windowServer.present(*frame, overlay, {0.5, {}}));
 }
