@@ -12,6 +12,8 @@ Reply replyTo(const CaptureOutcome& outcome)
     switch (outcome.kind) {
     case CaptureOutcome::Kind::Saved:
         return {ExitCode::kDone, outcome.path + QLatin1Char('\n'), {}};
+    case CaptureOutcome::Kind::Copied:
+        return {ExitCode::kDone, {}, QStringLiteral("the picture is on the clipboard\n")};
     case CaptureOutcome::Kind::Cancelled:
         return {ExitCode::kCancelled, {}, QStringLiteral("the capture was cancelled\n")};
     case CaptureOutcome::Kind::Failed:

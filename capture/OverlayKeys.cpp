@@ -12,9 +12,10 @@ struct Equivalent {
     bool needsCommand;
     OverlayAction action;
 };
-constexpr std::array<Equivalent, 2> kEquivalents{{
+constexpr std::array<Equivalent, 3> kEquivalents{{
     {Qt::Key_Escape, 53, false, OverlayAction::Cancel},
     {Qt::Key_S, 1, true, OverlayAction::Save},
+    {Qt::Key_C, 8, true, OverlayAction::Copy},
 }};
 
 // Whether the layout makes a letter of the key that no equivalent can name.

@@ -145,10 +145,20 @@ QRegion ScreenShotBackView::chromeRegion() const
     return region;
 }
 
-void ScreenShotBackView::updatePixels(const QRegion& pixels)
+QRegion ScreenShotBackView::chromePoints() const
+{
+    return pointsOf(chromeRegion());
+}
+
+QRegion ScreenShotBackView::pointsOf(const QRegion& pixels) const
 {
     QRegion points;
     for (const QRect& r : pixels)
         points += DevicePixels::pointsCovering(r, devicePixelRatioF());
-    update(points.intersected(rect()));
+    return points.intersected(rect());
+}
+
+void ScreenShotBackView::updatePixels(const QRegion& pixels)
+{
+    update(pointsOf(pixels));
 }

@@ -23,6 +23,10 @@ public:
     void setDrawResizeButton(bool isNeeded);
     void setNeedDrawDashBorder(bool isNeeded);
 
+    // What is not dimmed, in device pixels of the window; and the points that border and handles touch.
+    QRect holePixels() const { return devicePixels(mRect); }
+    QRegion chromePoints() const;
+
     // The handle at a point: 1 to 8, 0 for none.
     int pointInResizeRect(ZRPoint point) const;
 
@@ -36,6 +40,7 @@ private:
 
     bool hasBorder() const;
     QRegion chromeRegion() const;
+    QRegion pointsOf(const QRegion& pixels) const;
     void updatePixels(const QRegion& pixels);
 
     ZRRect mRect;

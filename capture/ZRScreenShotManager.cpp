@@ -4,6 +4,7 @@
 #include "capture/RegionRules.h"
 #include "capture/ScreenShotBackView.h"
 #include "capture/ToolScreen.h"
+#include "capture/WindowRules.h"
 #include "capture/ZRStaticScreenShotWindow.h"
 #include "commonutils/CommLog.h"
 #include "editor/ZRScreenShotSetting.h"
@@ -12,10 +13,12 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr int kClearDelayMs = 300; // after the end of a capture
+constexpr int kMoveDelayMs = 50;   // before the overlay follows the pointer to another display
 
 // Gone from the screen at once, freed when the event that ended it has been handled.
 void discard(std::unique_ptr<ZRStaticScreenShotWindow>& window)
@@ -52,7 +55,18 @@ void ZRScreenShotManager::initContext()
 void ZRScreenShotManager::initialize()
 {
     clear();
+    createNewWindowInfoList();
     mScreenShotController.setScreenshotManager(this);
+}
+
+std::vector<WindowRecord> ZRScreenShotManager::GetWindowInfos() const
+{
+    return m_platform.windowServer->onScreenWindows();
+}
+
+void ZRScreenShotManager::createNewWindowInfoList()
+{
+    windowInfos = WindowRules::sortedByArea(GetWindowInfos());
 }
 
 void ZRScreenShotManager::startScreenShot(const QString& hotkey)
@@ -97,20 +111,31 @@ void ZRScreenShotManager::_startScreenShot()
     mIsCapturing = true;
     m_isEnding = false;
     m_isEndedByKey = false;
+    m_isMoving = false;
     ++m_captureNumber;
 }
 
 void ZRScreenShotManager::_StartRegionScreenShot()
 {
     AppSettings::updateLastRunningAndActiveApp();
+    openOverlay();
+}
+
+// On the current display. An overlay on another one goes only when this one has the keyboard, so that no key
+// reaches anybody else in between.
+void ZRScreenShotManager::openOverlay()
+{
     if (!freezeCurrentScreen())
         return;
-    initScreenShotEditorWindow();
+    std::unique_ptr<ZRStaticScreenShotWindow> before = initScreenShotEditorWindow();
     mScreenShotController.initialize();
+    AppSettings::setUseWindowRecognize(true);
+    recogniseUnderPointer();
     mScreenShotEditorWindow->makeKeyAndOrderFront(*m_platform.windowServer);
     m_platform.inputGrab->grabKeyboard(*mScreenShotEditorWindow->windowHandle());
-    AppSettings::setUseWindowRecognize(true);
+    mScreenShotEditorWindow->followPointerEverywhere(true);
     updateCursor();
+    discard(before);
 }
 
 // Maps no window and so disturbs nobody's focus.
@@ -142,9 +167,10 @@ void ZRScreenShotManager::failCapture(const QString& reason)
     reportOutcome(m_captureNumber, {CaptureOutcome::Kind::Failed, {}, reason});
 }
 
-void ZRScreenShotManager::initScreenShotEditorWindow()
+// Makes the overlay of the frozen display and gives the one that was there before.
+std::unique_ptr<ZRStaticScreenShotWindow> ZRScreenShotManager::initScreenShotEditorWindow()
 {
-    closeScreenShotWindow();
+    auto before = std::move(mScreenShotEditorWindow);
     if (m_preparedWindow && m_preparedWindow->screenDisplay() == m_frame->display())
         mScreenShotEditorWindow = std::move(m_preparedWindow);
     else
@@ -154,6 +180,8 @@ void ZRScreenShotManager::initScreenShotEditorWindow()
     mScreenShotEditorWindow->setFrame(m_frame);
     mScreenShotController.setView(&mScreenShotEditorWindow->backView());
     mScreenShotController.updateSelectedRegionRect({});
+    m_candidates = WindowRules::candidates(windowInfos, m_frame->display());
+    return before;
 }
 
 void ZRScreenShotManager::prepareOverlay()
@@ -167,7 +195,7 @@ void ZRScreenShotManager::prepareOverlay()
 
 void ZRScreenShotManager::mouseDown(const ZRMouseEvent& event)
 {
-    if (m_isEnding)
+    if (m_isEnding || !isOnOverlay(event.location))
         return;
     _beginRegionSelect(event.location);
     mScreenShotController.setIsDragView(false);
@@ -179,8 +207,10 @@ void ZRScreenShotManager::mouseUp(const ZRMouseEvent&)
     if (m_isEnding)
         return;
     _endRegionSelect();
-    if (mScreenShotController.isRegionLocked())
+    if (mScreenShotController.isRegionLocked()) {
         mScreenShotController.setIsDragView(false);
+        mScreenShotEditorWindow->followPointerEverywhere(false);
+    }
     updateCursor();
 }
 
@@ -193,9 +223,64 @@ void ZRScreenShotManager::mouseDragged(const ZRMouseEvent& event)
         mScreenShotController.setIsDragView(false);
 }
 
-void ZRScreenShotManager::mouseMoved(const ZRMouseEvent&)
+void ZRScreenShotManager::mouseMoved(const ZRMouseEvent& event)
 {
+    if (m_isEnding)
+        return;
+    if (!mScreenShotController.isRegionLocked() && !isOnOverlay(event.location)) {
+        followPointer();
+        return;
+    }
     updateCursor();
+    if (AppSettings::canUseWindowRecognize())
+        _updateWindowInfoWithMouseLocation(event.location);
+}
+
+// The pixel that the pointer points at begins at `point` and lies right of and below it.
+void ZRScreenShotManager::_updateWindowInfoWithMouseLocation(ZRPoint point)
+{
+    if (mScreenShotController.isUseGraffitInNeed())
+        return;
+    const double half = 0.5 / m_frame->display().scale;
+    if (const auto window = WindowRules::recognised(m_candidates, {point.x + half, point.y - half}))
+        mScreenShotController.updateSelectedRegionRect(*window);
+}
+
+void ZRScreenShotManager::recogniseUnderPointer()
+{
+    const auto pointer = m_platform.displays->pointer();
+    if (pointer && m_frame->display().holds(*pointer))
+        _updateWindowInfoWithMouseLocation(m_frame->display().localPoint(*pointer));
+}
+
+void ZRScreenShotManager::followPointer()
+{
+    const auto screen = ToolScreen::screenUnderPointer();
+    if (!screen || *screen == m_frame->display() || std::exchange(m_isMoving, true))
+        return;
+    QTimer::singleShot(kMoveDelayMs, this, [this, capture = m_captureNumber] {
+        if (capture == m_captureNumber && !m_isEnding)
+            moveToDisplayUnderPointer();
+    });
+}
+
+void ZRScreenShotManager::moveToDisplayUnderPointer()
+{
+    m_isMoving = false;
+    const auto screen = ToolScreen::screenUnderPointer();
+    if (!screen || *screen == m_frame->display() || mScreenShotController.isRegionLocked())
+        return;
+    AppSettings::setCurrentScreenInfo(ScreenInfo(*screen));
+    setCurrentScreen(*screen);
+    AppSettings::setFistScreenInfo(ToolScreen::getScreenInfoWithScreen(ToolScreen::getFirstScreen()));
+    openOverlay();
+}
+
+bool ZRScreenShotManager::isOnOverlay(ZRPoint point) const
+{
+    const DisplayRecord& display = m_frame->display();
+    const QPoint pixel = display.localPixels({point.x, point.y, 0, 0}).topLeft();
+    return QRect({0, 0}, display.pixels.size()).contains(pixel);
 }
 
 void ZRScreenShotManager::rightMouseDown(const ZRMouseEvent&)
@@ -214,6 +299,9 @@ void ZRScreenShotManager::keyDown(const QKeyEvent& event)
         break;
     case OverlayAction::Save:
         mScreenShotController.saveRegionShotToLocalFromhotKey();
+        break;
+    case OverlayAction::Copy:
+        mScreenShotController.saveToPasteboardFromhotKey();
         break;
     case OverlayAction::None:
         break;

@@ -26,7 +26,7 @@ public:
 
     // Makes an overlay in advance, so that the first capture finds one.
     void initContext();
-    // Clean state before a capture.
+    // Clean state and a fresh list of the windows on the screen, before a capture.
     void initialize();
 
     // A region capture when the text is the region hot key's, else a full-screen capture.
@@ -44,6 +44,9 @@ public:
     // The main display until one was set; not valid when there is none.
     DisplayRecord currentScreen();
     std::optional<ScreenInfo> fistScreenInfo();
+    // What is on the screen now; windowInfos, what was when the capture began, the smallest first.
+    std::vector<WindowRecord> GetWindowInfos() const;
+    const std::vector<WindowRecord>& windowInfosBySize() const { return windowInfos; }
     // The frozen display of the running capture; null outside of one.
     std::shared_ptr<const Frame> frame() const { return m_frame; }
 
@@ -64,13 +67,21 @@ public:
     void reportOutcome(quint64 capture, const CaptureOutcome& outcome);
 
 private:
+    void createNewWindowInfoList();
     void _startScreenShot();
     void _StartRegionScreenShot();
     void _StartFullScreenShot();
     bool freezeCurrentScreen();
     void failCapture(const QString& reason);
-    void initScreenShotEditorWindow();
+    void openOverlay();
+    std::unique_ptr<ZRStaticScreenShotWindow> initScreenShotEditorWindow();
     void prepareOverlay();
+
+    void _updateWindowInfoWithMouseLocation(ZRPoint point);
+    void recogniseUnderPointer();
+    void followPointer();
+    void moveToDisplayUnderPointer();
+    bool isOnOverlay(ZRPoint point) const;
 
     void _beginRegionSelect(ZRPoint point);
     void _updateDragPoint(ZRPoint point);
@@ -90,11 +101,14 @@ private:
     ZRPoint mRegionBeginPoint;
     unsigned mDirection = 0; // the handle that was pressed, 0 for the body
     std::unique_ptr<ZRStaticScreenShotWindow> mScreenShotEditorWindow;
+    std::vector<WindowRecord> windowInfos;
     std::optional<ScreenInfo> _fistScreenInfo;
     std::optional<DisplayRecord> _currentScreen;
     std::unique_ptr<ZRStaticScreenShotWindow> m_preparedWindow;
     std::shared_ptr<const Frame> m_frame;
+    std::vector<ZRRect> m_candidates; // the windows that recognition may pick on the frozen display
     quint64 m_captureNumber = 0;
     bool m_isEnding = false;
+    bool m_isMoving = false;     // the overlay is about to follow the pointer
     bool m_isEndedByKey = false; // the ending key is still down
 };

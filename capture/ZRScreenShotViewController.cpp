@@ -81,15 +81,32 @@ void ZRScreenShotViewController::saveRegionShotToLocalFromhotKey()
     _saveRegionShotToLocal();
 }
 
+void ZRScreenShotViewController::saveToPasteboardFromhotKey()
+{
+    _saveToPasteboard();
+}
+
 void ZRScreenShotViewController::_saveRegionShotToLocal()
 {
     if (!mIsRegionLocked)
         return;
-    // The region goes with the overlay: the picture is taken by value before the capture ends.
+    saveImageToFile(takePicture());
+    _stopScreenShot();
+}
+
+void ZRScreenShotViewController::_saveToPasteboard()
+{
+    if (!mIsRegionLocked)
+        return;
+    writeToPasteboard(takePicture());
+    _stopScreenShot();
+}
+
+Picture ZRScreenShotViewController::takePicture()
+{
     Picture picture = createImage(false);
     mManager->beginEnding();
-    saveImageToFile(std::move(picture));
-    _stopScreenShot();
+    return picture;
 }
 
 void ZRScreenShotViewController::saveFullScreenToLocal()
@@ -128,22 +145,37 @@ void ZRScreenShotViewController::saveImageToFile(Picture picture)
 {
     const quint64 capture = mManager->captureNumber();
     if (picture.image.isNull()) {
-        reportSaved(capture, {}, QStringLiteral("the region holds no part of the display"));
+        fail(capture, QStringLiteral("the region holds no part of the display"));
         return;
     }
     const QString path = AppSettings::screenshotSavePath();
     CommLog::log(QStringLiteral("screenshot save path--->%1").arg(path));
-    m_saver.save(std::move(picture), path, AppSettings::screenshotType(),
-        [this, capture, path](const QString& failure) { reportSaved(capture, path, failure); });
+    m_jobs.save(std::move(picture), path, AppSettings::screenshotType(),
+        [this, capture, path](const QString& failure) {
+            if (!failure.isEmpty())
+                return fail(capture, failure);
+            CommLog::log(QStringLiteral("save image success"));
+            mManager->reportOutcome(capture, {CaptureOutcome::Kind::Saved, path, {}});
+        });
 }
 
-void ZRScreenShotViewController::reportSaved(quint64 capture, const QString& path, const QString& failure)
+void ZRScreenShotViewController::writeToPasteboard(Picture picture)
 {
-    if (failure.isEmpty()) {
-        CommLog::log(QStringLiteral("save image success"));
-        mManager->reportOutcome(capture, {CaptureOutcome::Kind::Saved, path, {}});
+    const quint64 capture = mManager->captureNumber();
+    if (picture.image.isNull()) {
+        fail(capture, QStringLiteral("the region holds no part of the display"));
         return;
     }
-    CommLog::log(QStringLiteral("the picture could not be saved: %1").arg(failure));
-    mManager->reportOutcome(capture, {CaptureOutcome::Kind::Failed, {}, failure});
+    m_jobs.copy(std::move(picture), [this, capture](const QString& failure) {
+        if (!failure.isEmpty())
+            return fail(capture, failure);
+        CommLog::log(QStringLiteral("write image data to pasteboard"));
+        mManager->reportOutcome(capture, {CaptureOutcome::Kind::Copied, {}, {}});
+    });
+}
+
+void ZRScreenShotViewController::fail(quint64 capture, const QString& reason)
+{
+    CommLog::log(QStringLiteral("the picture was not delivered: %1").arg(reason));
+    mManager->reportOutcome(capture, {CaptureOutcome::Kind::Failed, {}, reason});
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "capture/CaptureOutcome.h"
-#include "capture/ScreenshotSaver.h"
+#include "capture/PictureJobs.h"
 #include "geometry/ZRRect.h"
 
 #include <QObject>
@@ -39,20 +39,25 @@ public:
 
     // Each output action works on a fixed region only and ends the capture.
     void saveRegionShotToLocalFromhotKey();
+    void saveToPasteboardFromhotKey();
     // Saves the whole display; needs no overlay.
     void saveFullScreenToLocal();
     void cancelRegionScreenShot();
 
 private:
     void _saveRegionShotToLocal();
+    void _saveToPasteboard();
+    // The picture of the fixed region by value; the capture takes no further input.
+    Picture takePicture();
     void _stopScreenShot();
     Picture createImage(bool isFullScreen) const;
     void saveImageToFile(Picture picture);
-    void reportSaved(quint64 capture, const QString& path, const QString& failure);
+    void writeToPasteboard(Picture picture);
+    void fail(quint64 capture, const QString& reason);
 
     ZRScreenShotManager* mManager = nullptr;
     QPointer<ScreenShotBackView> m_view;
-    ScreenshotSaver m_saver;
+    PictureJobs m_jobs;
     bool mIsRegionLocked = false;
     bool mIsResizing = false;
     bool _isDragView = false;

@@ -9,6 +9,7 @@
 
 #include <QCloseEvent>
 #include <QScreen>
+#include <QWindow>
 
 ZRStaticScreenShotWindow::ZRStaticScreenShotWindow(const DisplayRecord& display)
     : View(nullptr,
@@ -19,6 +20,7 @@ ZRStaticScreenShotWindow::ZRStaticScreenShotWindow(const DisplayRecord& display)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
     if (QScreen* screen = ToolScreen::qtScreen(display)) {
         setScreen(screen);
         setGeometry(screen->geometry());
@@ -50,11 +52,23 @@ void ZRStaticScreenShotWindow::setFrame(std::shared_ptr<const Frame> frame)
 void ZRStaticScreenShotWindow::makeKeyAndOrderFront(WindowServer& server)
 {
     m_gate->showUnpainted();
-    if (!m_frame || !server.present(*m_frame, *windowHandle(), ScreenShotBackView::kDim))
-        m_gate->paint(rect());
+    const Dimming dimming{ScreenShotBackView::kDim, m_backView->holePixels()};
+    const bool isPresented = m_frame && server.present(*m_frame, *windowHandle(), dimming);
+    m_gate->paint(isPresented ? m_backView->chromePoints() : QRegion(rect()));
     raise();
     activateWindow();
     setFocus();
+}
+
+void ZRStaticScreenShotWindow::followPointerEverywhere(bool isOn)
+{
+    windowHandle()->setMouseGrabEnabled(isOn);
+}
+
+// Comes for places beside the overlay only; on it the event layer is above.
+void ZRStaticScreenShotWindow::mouseMoveEvent(QMouseEvent* event)
+{
+    mouseMoved(translated(*event));
 }
 
 void ZRStaticScreenShotWindow::mouseDown(const ZRMouseEvent& event)

@@ -31,6 +31,9 @@ public:
     // Shows the overlay above everything and takes the focus; the server puts the picture there where it can.
     void makeKeyAndOrderFront(WindowServer& server);
 
+    // While on, the overlay gets the pointer's movements and presses on other displays too.
+    void followPointerEverywhere(bool isOn);
+
     void mouseDown(const ZRMouseEvent& event);
     void mouseUp(const ZRMouseEvent& event);
     void mouseDragged(const ZRMouseEvent& event);
@@ -39,6 +42,7 @@ public:
     void keyDown(const QKeyEvent& event);
 
 private:
+    void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void fillWithLayers();

@@ -104,7 +104,7 @@ TEST_F(ZRScreenShotManagerTest, MapsNoWindowAndRestoresNothingForAFullScreen)
 TEST_F(ZRScreenShotManagerTest, WritesOneFileHoweverOftenTheKeyRepeats)
 {
     start(false);
-    drag({0, 0}, {10, 10});
+    drag({0, 20}, {10, 10});
     for (int i = 0; i < 5; ++i)
         press(Qt::Key_S, Qt::ControlModifier);
     ASSERT_TRUE(waitForOutcomes(1));
@@ -116,7 +116,7 @@ TEST_F(ZRScreenShotManagerTest, WritesOneFileHoweverOftenTheKeyRepeats)
 TEST_F(ZRScreenShotManagerTest, CancelsWithoutATraceAndReturnsTheKeyboard)
 {
     start(false);
-    drag({0, 0}, {10, 10});
+    drag({0, 20}, {10, 10});
     press(Qt::Key_Escape);
     ASSERT_TRUE(waitForOutcomes(1));
     EXPECT_EQ(outcomes[0].kind, CaptureOutcome::Kind::Cancelled);
