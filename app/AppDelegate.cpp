@@ -125,11 +125,8 @@ void AppDelegate::hotKeyDown(const QString& hotKey)
 void AppDelegate::prepareCapture()
 {
     mScreenShotManager.initialize();
-    if (const auto screen = ToolScreen::screenUnderPointer()) {
-        AppSettings::setCurrentScreenInfo(ScreenInfo(*screen));
+    if (const auto screen = ToolScreen::screenUnderPointer())
         mScreenShotManager.setCurrentScreen(*screen);
-    }
-    AppSettings::setFistScreenInfo(ToolScreen::getScreenInfoWithScreen(ToolScreen::getFirstScreen()));
 }
 
 void AppDelegate::startCapture(bool isFullScreen)

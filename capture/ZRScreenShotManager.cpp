@@ -100,14 +100,12 @@ std::optional<ScreenInfo> ZRScreenShotManager::fistScreenInfo()
 void ZRScreenShotManager::_startScreenShot()
 {
     if (const auto screen = ToolScreen::screenUnderPointer()) {
-        AppSettings::setCurrentScreenInfo(ScreenInfo(*screen));
         setCurrentScreen(*screen);
         const ZRRect f = screen->frame;
         CommLog::log(QString::asprintf(
             "Start Screen Shot Current Main Screen frame (%f,%f,%f,%f)", f.x, f.y, f.width, f.height));
     }
     _fistScreenInfo = ToolScreen::getScreenInfoWithScreen(ToolScreen::getFirstScreen());
-    AppSettings::setFistScreenInfo(_fistScreenInfo);
     mIsCapturing = true;
     m_isEnding = false;
     m_isEndedByKey = false;
@@ -136,6 +134,14 @@ void ZRScreenShotManager::openOverlay()
     mScreenShotEditorWindow->followPointerEverywhere(true);
     updateCursor();
     discard(before);
+    storeScreens();
+}
+
+// Once the display is frozen and shown: the disk is not on the way there.
+void ZRScreenShotManager::storeScreens()
+{
+    AppSettings::setCurrentScreenInfo(ScreenInfo(m_frame->display()));
+    AppSettings::setFistScreenInfo(_fistScreenInfo);
 }
 
 // Maps no window and so disturbs nobody's focus.
@@ -144,6 +150,7 @@ void ZRScreenShotManager::_StartFullScreenShot()
     if (!freezeCurrentScreen())
         return;
     mScreenShotController.saveFullScreenToLocal();
+    storeScreens();
     stopScreenShot();
 }
 
@@ -189,6 +196,7 @@ void ZRScreenShotManager::prepareOverlay()
     const DisplayRecord display = currentScreen();
     if (mIsCapturing || !display.isValid())
         return;
+    m_platform.windowServer->prepare(display);
     if (!m_preparedWindow || m_preparedWindow->screenDisplay() != display)
         m_preparedWindow = std::make_unique<ZRStaticScreenShotWindow>(display);
 }
@@ -270,9 +278,7 @@ void ZRScreenShotManager::moveToDisplayUnderPointer()
     const auto screen = ToolScreen::screenUnderPointer();
     if (!screen || *screen == m_frame->display() || mScreenShotController.isRegionLocked())
         return;
-    AppSettings::setCurrentScreenInfo(ScreenInfo(*screen));
     setCurrentScreen(*screen);
-    AppSettings::setFistScreenInfo(ToolScreen::getScreenInfoWithScreen(ToolScreen::getFirstScreen()));
     openOverlay();
 }
 

@@ -74,6 +74,7 @@ private:
     bool freezeCurrentScreen();
     void failCapture(const QString& reason);
     void openOverlay();
+    void storeScreens();
     std::unique_ptr<ZRStaticScreenShotWindow> initScreenShotEditorWindow();
     void prepareOverlay();
 

@@ -23,13 +23,13 @@ PaintGate::PaintGate(QWidget& window)
 {
     window.winId(); // makes the native window
     window.windowHandle()->installEventFilter(this);
+    // A store of the right size is not painted whole before its first small update.
+    window.backingStore()->resize(window.size());
 }
 
 void PaintGate::showUnpainted()
 {
     m_isPassing = true;
-    // A store of the right size is not painted whole before its first small update.
-    m_window.backingStore()->resize(m_window.size());
     for (QWidget* widget : withChildren(m_window))
         widget->setAttribute(Qt::WA_UpdatesDisabled, true);
     m_window.show();

@@ -9,7 +9,7 @@
 // uncovers later is painted anew instead of being flushed from a backing store that never held it.
 class PaintGate : public QObject {
 public:
-    // `window` is a top-level widget that its children cover and paint; it owns the gate.
+    // `window` is a top-level widget of its final size that its children cover and paint; it owns the gate.
     explicit PaintGate(QWidget& window);
 
     // Shows the window with its visible children.

@@ -3,6 +3,14 @@
 #include "platform/x11/HugePages.h"
 #include "platform/x11/NativeDisplays.h"
 
+#include <utility>
+
+namespace {
+
+constexpr qint64 kMostSpareBytes = qint64(16) << 20;
+
+}
+
 NativeWindowServer::NativeWindowServer(
     std::shared_ptr<XConnection> connection, const NativeDisplays& displays)
     : m_x(std::move(connection))
@@ -21,6 +29,17 @@ std::vector<WindowRecord> NativeWindowServer::onScreenWindows() const
     return windows;
 }
 
+void NativeWindowServer::prepare(const DisplayRecord& display)
+{
+    const QSize size = display.pixels.size();
+    if (m_spare.size() == size)
+        return;
+    const bool isSmall = qint64(size.width()) * size.height() * 4 <= kMostSpareBytes;
+    m_spare = isSmall ? imageInHugePages(size) : QImage();
+    if (!m_spare.isNull())
+        m_spare.fill(0); // takes the memory now
+}
+
 std::shared_ptr<const Frame> NativeWindowServer::freeze(const DisplayRecord& display, QString* reason)
 {
     const auto fail = [reason](const QString& text) {
@@ -33,10 +52,10 @@ std::shared_ptr<const Frame> NativeWindowServer::freeze(const DisplayRecord& dis
     if (!m_layout.isReadable())
         return fail(QStringLiteral("a screen of depth %1 cannot be read").arg(m_layout.depth));
     const QRect rootPixels = display.pixels.translated(m_displays.originOnRoot());
-    QImage image = m_strips.read(rootPixels);
+    QImage image = takeSpare(rootPixels.size());
     if (image.isNull())
-        image = readOverConnection(rootPixels);
-    if (image.isNull())
+        return fail(QStringLiteral("there is not enough memory for the display's pixels"));
+    if (!m_strips.read(rootPixels, image) && !readOverConnection(rootPixels, image))
         return fail(QStringLiteral("the X server did not give the display's pixels"));
     return std::make_shared<const Frame>(display, image);
 }
@@ -48,13 +67,18 @@ bool NativeWindowServer::present(const Frame& frame, const QWindow& window, cons
     return !hasAlpha && m_strips.put(frame.image(), dimming, xcb_window_t(window.winId()));
 }
 
-QImage NativeWindowServer::readOverConnection(QRect r) const
+QImage NativeWindowServer::takeSpare(QSize size)
+{
+    QImage spare = std::exchange(m_spare, QImage());
+    return spare.size() == size ? spare : imageInHugePages(size);
+}
+
+bool NativeWindowServer::readOverConnection(QRect r, QImage& into) const
 {
     const auto cookie = xcb_get_image(
         m_x->get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_x->root(), r.x(), r.y(), r.width(), r.height(), 0xffffffff);
     XReply<xcb_get_image_reply_t> reply(xcb_get_image_reply(m_x->get(), cookie, nullptr));
-    QImage image = reply ? imageInHugePages(r.size()) : QImage();
-    if (!image.isNull())
-        m_layout.convert(xcb_get_image_data(reply.get()), r.height(), image, 0);
-    return image;
+    if (reply)
+        m_layout.convert(xcb_get_image_data(reply.get()), r.height(), into, 0);
+    return reply != nullptr;
 }

@@ -13,15 +13,18 @@ public:
     NativeWindowServer(std::shared_ptr<XConnection> connection, const NativeDisplays& displays);
 
     std::vector<WindowRecord> onScreenWindows() const override;
+    void prepare(const DisplayRecord& display) override;
     std::shared_ptr<const Frame> freeze(const DisplayRecord& display, QString* reason) override;
     bool present(const Frame& frame, const QWindow& window, const Dimming& dimming) override;
 
 private:
-    QImage readOverConnection(QRect rootPixels) const;
+    QImage takeSpare(QSize size);
+    bool readOverConnection(QRect rootPixels, QImage& into) const;
 
     std::shared_ptr<XConnection> m_x;
     const NativeDisplays& m_displays;
     const PixelLayout m_layout;
     StripTransfer m_strips;
+    QImage m_spare; // for the next frame, its memory in use already; null when there is none
     XWindowList m_windows;
 };

@@ -1,7 +1,5 @@
 #include "platform/x11/StripTransfer.h"
 
-#include "platform/x11/HugePages.h"
-
 #include <QPainter>
 
 #include <algorithm>
@@ -66,11 +64,10 @@ StripTransfer::~StripTransfer()
         m_x->discard(xcb_free_gc_checked(m_x->get(), m_context));
 }
 
-QImage StripTransfer::read(QRect rootPixels)
+bool StripTransfer::read(QRect rootPixels, QImage& into)
 {
-    QImage image = m_segment ? imageInHugePages(rootPixels.size()) : QImage();
-    if (image.isNull())
-        return image;
+    if (!m_segment)
+        return false;
     const ServerGrab grab(m_x->get());
     const std::vector<QRect> parts = cutIntoRows(rootPixels, rowsInStrip(rootPixels.width()));
     const int count = int(parts.size());
@@ -84,11 +81,11 @@ QImage StripTransfer::read(QRect rootPixels)
             xcb_shm_get_image_reply(m_x->get(), readings[number], nullptr));
         isComplete = isComplete && reply;
         if (isComplete)
-            m_layout.convert(strip(number), parts[i].height(), image, parts[i].top() - rootPixels.top());
+            m_layout.convert(strip(number), parts[i].height(), into, parts[i].top() - rootPixels.top());
         if (i + kStrips < count)
             readings[number] = startReading(parts[i + kStrips], number);
     }
-    return isComplete ? image : QImage();
+    return isComplete;
 }
 
 bool StripTransfer::put(const QImage& picture, const Dimming& dimming, xcb_window_t window)

@@ -17,9 +17,10 @@ public:
     ~StripTransfer();
     Q_DISABLE_COPY_MOVE(StripTransfer)
 
-    // The root window's pixels of one moment: other programs wait until they are read. Null when the server
-    // shares no memory, or for a rectangle that is not all on the screen.
-    QImage read(QRect rootPixels);
+    // The root window's pixels of one moment, into an RGB32 picture of their size: other programs wait until
+    // they are read. False when the server shares no memory, or for a rectangle that is not all on the
+    // screen.
+    bool read(QRect rootPixels, QImage& into);
     // Puts an RGB32 picture, dimmed, at a window's top-left corner. False when the
     // server shares no memory or has pixels of another kind.
     bool put(const QImage& picture, const Dimming& dimming, xcb_window_t window);

@@ -6,6 +6,7 @@
 class FakeWindowServer final : public WindowServer {
 public:
     std::vector<WindowRecord> onScreenWindows() const override { return windows; }
+    void prepare(const DisplayRecord&) override { ++preparations; }
     std::shared_ptr<const Frame> freeze(const DisplayRecord& display, QString* reason) override
     {
         ++freezes;
@@ -36,6 +37,7 @@ public:
     std::vector<WindowRecord> windows;
     QString refusal; // not empty: nothing can be frozen, for this reason
     bool canPresent = false;
+    int preparations = 0;
     int freezes = 0;
     int presentations = 0;
     Dimming lastDimming;
