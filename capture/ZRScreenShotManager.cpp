@@ -130,11 +130,12 @@ void ZRScreenShotManager::openOverlay()
     AppSettings::setUseWindowRecognize(true);
     recogniseUnderPointer();
     mScreenShotEditorWindow->makeKeyAndOrderFront(*m_platform.windowServer);
-    m_platform.inputGrab->grabKeyboard(*mScreenShotEditorWindow->windowHandle());
     mScreenShotEditorWindow->followPointerEverywhere(true);
     updateCursor();
+    m_platform.inputGrab->grabKeyboard(*mScreenShotEditorWindow->windowHandle());
     discard(before);
-    storeScreens();
+    if (!m_isEnding) // it is, where the keyboard was refused
+        storeScreens();
 }
 
 // Once the display is frozen and shown: the disk is not on the way there.

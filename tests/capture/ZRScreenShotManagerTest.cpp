@@ -152,17 +152,24 @@ TEST_F(ZRScreenShotManagerTest, AnswersEveryFailureAndIsReadyAgain)
     ASSERT_TRUE(isIdleSoon());
 
     server().refusal.clear();
+    grab().refusal = QStringLiteral("another program holds the keyboard");
+    start(false);
+    ASSERT_EQ(outcomes.size(), 2U);
+    EXPECT_EQ(outcomes[1].reason, grab().refusal);
+    ASSERT_TRUE(isIdleSoon());
+
+    grab().refusal.clear();
     AppSettings::setScreenshotSavePath(m_folder.filePath(QStringLiteral("missing")));
     start(true);
-    ASSERT_TRUE(waitForOutcomes(2));
-    EXPECT_EQ(outcomes[1].kind, CaptureOutcome::Kind::Failed);
-    EXPECT_FALSE(outcomes[1].reason.isEmpty());
+    ASSERT_TRUE(waitForOutcomes(3));
+    EXPECT_EQ(outcomes[2].kind, CaptureOutcome::Kind::Failed);
+    EXPECT_FALSE(outcomes[2].reason.isEmpty());
     ASSERT_TRUE(isIdleSoon());
 
     start(false);
     press(Qt::Key_Escape);
-    ASSERT_TRUE(waitForOutcomes(3));
-    EXPECT_EQ(outcomes[2].kind, CaptureOutcome::Kind::Cancelled);
+    ASSERT_TRUE(waitForOutcomes(4));
+    EXPECT_EQ(outcomes[3].kind, CaptureOutcome::Kind::Cancelled);
 }
 
 TEST_F(ZRScreenShotManagerTest, FailsForARegionWithoutPixels)
