@@ -21,7 +21,7 @@ public:
 
     // What is on the screen now, front to back, our own windows included; empty when it cannot be told.
     virtual std::vector<WindowRecord> onScreenWindows() const = 0;
-    // Makes ready what the next freeze of this display needs, as far as that keeps no more than 16 MiB of
+    // Makes ready what the next freeze of this display needs, as far as that keeps no more than 20 MiB of
     // memory in use until then. For idle moments.
     virtual void prepare(const DisplayRecord& display) = 0;
     // The display as it is now, in its own device pixels. Null when the screen cannot be read; `reason` then

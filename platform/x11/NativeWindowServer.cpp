@@ -3,11 +3,13 @@
 #include "platform/x11/HugePages.h"
 #include "platform/x11/NativeDisplays.h"
 
+#include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace {
 
-constexpr qint64 kMostSpareBytes = qint64(16) << 20;
+constexpr qsizetype kMostSpareBytes = qsizetype(20) << 20;
 
 }
 
@@ -34,10 +36,9 @@ void NativeWindowServer::prepare(const DisplayRecord& display)
     const QSize size = display.pixels.size();
     if (m_spare.size() == size)
         return;
-    const bool isSmall = qint64(size.width()) * size.height() * 4 <= kMostSpareBytes;
-    m_spare = isSmall ? imageInHugePages(size) : QImage();
-    if (!m_spare.isNull())
-        m_spare.fill(0); // takes the memory now
+    m_spare = imageInHugePages(size);
+    if (!m_spare.isNull()) // takes the memory now
+        std::memset(m_spare.bits(), 0, size_t(std::min(m_spare.sizeInBytes(), kMostSpareBytes)));
 }
 
 std::shared_ptr<const Frame> NativeWindowServer::freeze(const DisplayRecord& display, QString* reason)

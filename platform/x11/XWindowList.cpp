@@ -3,13 +3,13 @@
 #include <QFile>
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace {
 
 constexpr uint32_t kTextWords = 64;      // 256 bytes of a title or a name are enough
+constexpr uint32_t kMostTypes = 8;       // a window names several, the best first
 constexpr uint32_t kMostClients = 65536; // words
-constexpr double kOpaque = 0xffffffff;   // of _NET_WM_WINDOW_OPACITY
+constexpr double kOpaque = 0xffffffff;   // of an opacity
 
 using PropertyReply = XReply<xcb_get_property_reply_t>;
 
@@ -30,6 +30,13 @@ QByteArray bytes(const PropertyReply& reply)
         xcb_get_property_value_length(reply.get())};
 }
 
+// The plain type of text is Latin-1; whatever else names a window is UTF-8.
+QString text(const PropertyReply& reply)
+{
+    const bool isLatin = reply && reply->type == XCB_ATOM_STRING;
+    return isLatin ? QString::fromLatin1(bytes(reply)) : QString::fromUtf8(bytes(reply));
+}
+
 // WM_CLASS holds two texts that end with a zero each: the instance and the class.
 QString classOf(const PropertyReply& reply)
 {
@@ -37,12 +44,33 @@ QString classOf(const PropertyReply& reply)
     return texts.size() > 1 ? QString::fromUtf8(texts[1]) : QString();
 }
 
-QString nameOfProcess(uint32_t id)
+// Empty when there is no such process, or the property does not tell one.
+QString nameOfProcess(const PropertyReply& id)
 {
-    QFile file(QStringLiteral("/proc/%1/comm").arg(id));
+    const std::vector<uint32_t> number = numbers(id);
+    QFile file(QStringLiteral("/proc/%1/comm").arg(number.empty() ? 0 : number[0]));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll().trimmed()) : QString();
 }
 
+// 0 to 1; 1 without the property.
+double alphaOf(const PropertyReply& opacity)
+{
+    const std::vector<uint32_t> number = numbers(opacity);
+    return number.empty() ? 1 : number[0] / kOpaque;
+}
+
+// Without the shadow's widths on the left, the right, the top and the bottom. A shadow that leaves no window
+// is none.
+QRect withoutShadow(QRect pixels, const PropertyReply& shadow)
+{
+    const std::vector<uint32_t> widths = numbers(shadow);
+    if (widths.size() != 4 || qint64(widths[0]) + widths[1] >= pixels.width() ||
+        qint64(widths[2]) + widths[3] >= pixels.height())
+        return pixels;
+    return pixels.adjusted(int(widths[0]), int(widths[2]), -int(widths[1]), -int(widths[3]));
+}
+
+// The lowest first; none when the window is gone.
 std::vector<xcb_window_t> children(xcb_connection_t* connection, xcb_query_tree_cookie_t cookie)
 {
     XReply<xcb_query_tree_reply_t> reply(xcb_query_tree_reply(connection, cookie, nullptr));
@@ -52,22 +80,39 @@ std::vector<xcb_window_t> children(xcb_connection_t* connection, xcb_query_tree_
     return {first, first + xcb_query_tree_children_length(reply.get())};
 }
 
+// Borders included; empty when the window is gone.
+QRect outerPixels(xcb_connection_t* connection, xcb_get_geometry_cookie_t cookie)
+{
+    XReply<xcb_get_geometry_reply_t> g(xcb_get_geometry_reply(connection, cookie, nullptr));
+    if (!g)
+        return {};
+    const int borders = 2 * g->border_width;
+    return {g->x, g->y, g->width + borders, g->height + borders};
 }
 
-// The answers that are still on their way.
-struct XWindowList::Asked {
-    xcb_get_property_cookie_t windowClass, type, opacity, shadow, name, process;
-};
+// Whether there is anything of it to see.
+bool isShown(xcb_connection_t* connection, xcb_get_window_attributes_cookie_t cookie)
+{
+    XReply<xcb_get_window_attributes_reply_t> a(xcb_get_window_attributes_reply(connection, cookie, nullptr));
+    return a && a->map_state == XCB_MAP_STATE_VIEWABLE && a->_class == XCB_WINDOW_CLASS_INPUT_OUTPUT;
+}
+
+}
 
 XWindowList::XWindowList(std::shared_ptr<XConnection> connection)
     : m_x(std::move(connection))
-    , m_clients(m_x->atom("_NET_CLIENT_LIST"))
-    , m_type(m_x->atom("_NET_WM_WINDOW_TYPE"))
+    , m_clients{m_x->atom("_NET_CLIENT_LIST"), kMostClients}
     , m_dock(m_x->atom("_NET_WM_WINDOW_TYPE_DOCK"))
-    , m_opacity(m_x->atom("_NET_WM_WINDOW_OPACITY"))
-    , m_shadow(m_x->atom("_GTK_FRAME_EXTENTS"))
-    , m_name(m_x->atom("_NET_WM_NAME"))
-    , m_process(m_x->atom("_NET_WM_PID"))
+    , m_questions{{
+          {XCB_ATOM_WM_CLASS, kTextWords},
+          {m_x->atom("_NET_WM_WINDOW_TYPE"), kMostTypes},
+          {m_x->atom("_NET_WM_WINDOW_OPACITY"), 1},
+          {m_x->atom("_NET_WM_WINDOW_OPACITY"), 1, true},
+          {m_x->atom("_GTK_FRAME_EXTENTS"), 4},
+          {m_x->atom("_NET_WM_NAME"), kTextWords},
+          {XCB_ATOM_WM_NAME, kTextWords},
+          {m_x->atom("_NET_WM_PID"), 1},
+      }}
 {
 }
 
@@ -88,8 +133,10 @@ std::vector<XWindowList::Entry> XWindowList::visibleEntries() const
         xcb_query_tree_cookie_t tree;
     };
     xcb_connection_t* c = m_x->get();
+    const auto askedScreen = xcb_get_geometry(c, m_x->root());
     std::vector<xcb_window_t> tops = children(c, xcb_query_tree(c, m_x->root()));
-    std::reverse(tops.begin(), tops.end()); // the server tells the lowest first
+    const QRect screen = outerPixels(c, askedScreen);
+    std::reverse(tops.begin(), tops.end());
     std::vector<Cookies> asked;
     asked.reserve(tops.size());
     for (const xcb_window_t top : tops)
@@ -97,23 +144,21 @@ std::vector<XWindowList::Entry> XWindowList::visibleEntries() const
             {xcb_get_window_attributes(c, top), xcb_get_geometry(c, top), xcb_query_tree(c, top)});
     std::vector<Entry> entries;
     for (size_t i = 0; i < tops.size(); ++i) {
-        XReply<xcb_get_window_attributes_reply_t> a(
-            xcb_get_window_attributes_reply(c, asked[i].attributes, nullptr));
-        XReply<xcb_get_geometry_reply_t> g(xcb_get_geometry_reply(c, asked[i].geometry, nullptr));
+        const bool isVisible = isShown(c, asked[i].attributes);
+        const QRect pixels = outerPixels(c, asked[i].geometry);
         std::vector<xcb_window_t> inside = children(c, asked[i].tree);
-        if (!a || !g || a->map_state != XCB_MAP_STATE_VIEWABLE || a->_class != XCB_WINDOW_CLASS_INPUT_OUTPUT)
-            continue;
-        const int borders = 2 * g->border_width;
-        entries.push_back({tops[i], tops[i], QRect(g->x, g->y, g->width + borders, g->height + borders),
-            std::move(inside)});
+        if (isVisible && pixels.intersects(screen))
+            entries.push_back({tops[i], tops[i], pixels, std::move(inside)});
     }
     return entries;
 }
 
-// A window manager puts each program's window into a frame, right inside it or one step deeper.
+// A window manager puts each program's window into a frame, right inside it or one step deeper. Windows that
+// it does not manage, menus among them, tell about themselves. So they do without a manager, whatever list a
+// former one has left.
 void XWindowList::findClients(std::vector<Entry>& entries) const
 {
-    const std::unordered_set<xcb_window_t> clients = managedClients();
+    const Clients clients = managedClients();
     if (clients.empty())
         return;
     struct Deeper {
@@ -122,7 +167,7 @@ void XWindowList::findClients(std::vector<Entry>& entries) const
     };
     std::vector<Deeper> deeper;
     for (Entry& entry : entries) {
-        if (takeClient(entry, clients, entry.children) || clients.contains(entry.top))
+        if (clients.contains(entry.top) || takeClient(entry, clients, entry.children))
             continue;
         for (const xcb_window_t child : entry.children)
             deeper.push_back({&entry, xcb_query_tree(m_x->get(), child)});
@@ -131,65 +176,64 @@ void XWindowList::findClients(std::vector<Entry>& entries) const
         takeClient(*d.entry, clients, children(m_x->get(), d.tree));
 }
 
-bool XWindowList::takeClient(
-    Entry& entry, const std::unordered_set<xcb_window_t>& clients, const std::vector<xcb_window_t>& windows)
+// The highest of several in one frame is the one that shows.
+bool XWindowList::takeClient(Entry& entry, const Clients& clients, const std::vector<xcb_window_t>& windows)
 {
-    const auto it = std::find_if(
-        windows.begin(), windows.end(), [&clients](xcb_window_t window) { return clients.contains(window); });
-    if (it != windows.end())
+    const auto it = std::find_if(windows.rbegin(), windows.rend(),
+        [&clients](xcb_window_t window) { return clients.contains(window); });
+    if (it != windows.rend())
         entry.client = *it;
-    return it != windows.end();
+    return it != windows.rend();
 }
 
-// Empty without a window manager: programs' windows then lie on the root themselves.
-std::unordered_set<xcb_window_t> XWindowList::managedClients() const
+// Empty where no window manager has ever run.
+XWindowList::Clients XWindowList::managedClients() const
 {
-    const std::vector<uint32_t> list = numbers(answer(property(m_x->root(), m_clients, kMostClients)));
+    const std::vector<uint32_t> list = numbers(answer(ask(m_x->root(), m_clients)));
     return {list.begin(), list.end()};
 }
 
 std::vector<WindowRecord> XWindowList::described(const std::vector<Entry>& entries) const
 {
-    std::vector<Asked> asked;
-    asked.reserve(entries.size());
+    std::vector<xcb_get_property_cookie_t> asked;
+    asked.reserve(entries.size() * kFacts);
     for (const Entry& entry : entries)
-        asked.push_back(ask(entry.client));
+        for (const Question& question : m_questions)
+            asked.push_back(ask(question.isOfFrame ? entry.top : entry.client, question));
     std::vector<WindowRecord> records;
     records.reserve(entries.size());
-    for (size_t i = 0; i < entries.size(); ++i)
-        records.push_back(record(entries[i].pixels, asked[i]));
+    auto next = asked.begin();
+    for (const Entry& entry : entries) {
+        Answers answers;
+        for (auto& each : answers)
+            each = answer(*next++);
+        if (auto window = record(entry.pixels, answers))
+            records.push_back(*std::move(window));
+    }
     return records;
 }
 
-XWindowList::Asked XWindowList::ask(xcb_window_t client) const
+std::optional<WindowRecord> XWindowList::record(QRect pixels, const Answers& answers) const
 {
-    return {property(client, XCB_ATOM_WM_CLASS, kTextWords), property(client, m_type, 1),
-        property(client, m_opacity, 1), property(client, m_shadow, 4), property(client, m_name, kTextWords),
-        property(client, m_process, 1)};
-}
-
-WindowRecord XWindowList::record(QRect pixels, const Asked& asked) const
-{
-    WindowRecord window{pixels, classOf(answer(asked.windowClass)), {}, 1};
-    const std::vector<uint32_t> type = numbers(answer(asked.type));
-    const std::vector<uint32_t> opacity = numbers(answer(asked.opacity));
-    const std::vector<uint32_t> shadow = numbers(answer(asked.shadow));
-    const std::vector<uint32_t> process = numbers(answer(asked.process));
-    window.name = QString::fromUtf8(bytes(answer(asked.name)));
-    if (type == std::vector{m_dock})
+    const bool isGone = !answers[Class];
+    if (isGone)
+        return std::nullopt;
+    WindowRecord window{withoutShadow(pixels, answers[Shadow]), classOf(answers[Class]), text(answers[Name]),
+        std::min(alphaOf(answers[Opacity]), alphaOf(answers[FrameOpacity]))};
+    const std::vector<uint32_t> types = numbers(answers[Type]);
+    if (std::find(types.begin(), types.end(), m_dock) != types.end())
         window.owner = QStringLiteral("Dock");
-    else if (window.owner.isEmpty() && !process.empty())
-        window.owner = nameOfProcess(process[0]);
-    if (!opacity.empty())
-        window.alpha = opacity[0] / kOpaque;
-    if (shadow.size() == 4)
-        window.pixels.adjust(int(shadow[0]), int(shadow[2]), -int(shadow[1]), -int(shadow[3]));
+    else if (window.owner.isEmpty())
+        window.owner = nameOfProcess(answers[Process]);
+    if (window.name.isEmpty())
+        window.name = text(answers[OlderName]);
     return window;
 }
 
-xcb_get_property_cookie_t XWindowList::property(xcb_window_t window, xcb_atom_t name, uint32_t words) const
+xcb_get_property_cookie_t XWindowList::ask(xcb_window_t window, const Question& question) const
 {
-    return xcb_get_property(m_x->get(), false, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, words);
+    return xcb_get_property(
+        m_x->get(), false, window, question.property, XCB_GET_PROPERTY_TYPE_ANY, 0, question.words);
 }
 
 XReply<xcb_get_property_reply_t> XWindowList::answer(xcb_get_property_cookie_t cookie) const

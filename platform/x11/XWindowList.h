@@ -3,6 +3,8 @@
 #include "platform/WindowRecord.h"
 #include "platform/x11/XConnection.h"
 
+#include <array>
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
@@ -12,8 +14,8 @@ class XWindowList {
 public:
     explicit XWindowList(std::shared_ptr<XConnection> connection);
 
-    // Front to back; pixels count from the root window's top-left corner, borders included, the shadows that
-    // a program draws around itself excluded.
+    // Front to back, without what lies wholly beyond the screen; pixels count from the root window's top-left
+    // corner, borders included, the shadows that a program draws around itself excluded.
     std::vector<WindowRecord> read() const;
 
 private:
@@ -22,27 +24,29 @@ private:
         xcb_window_t top = XCB_NONE;
         xcb_window_t client = XCB_NONE;
         QRect pixels;
-        std::vector<xcb_window_t> children; // of `top`
+        std::vector<xcb_window_t> children; // of `top`, the lowest first
     };
-    struct Asked;
+    // A property that is read of every window.
+    struct Question {
+        xcb_atom_t property;
+        uint32_t words; // at most that many are read
+        bool isOfFrame = false;
+    };
+    enum Fact { Class, Type, Opacity, FrameOpacity, Shadow, Name, OlderName, Process, kFacts };
+    using Answers = std::array<XReply<xcb_get_property_reply_t>, kFacts>;
+    using Clients = std::unordered_set<xcb_window_t>;
 
     std::vector<Entry> visibleEntries() const;
     void findClients(std::vector<Entry>& entries) const;
-    static bool takeClient(Entry& entry, const std::unordered_set<xcb_window_t>& clients,
-        const std::vector<xcb_window_t>& windows);
-    std::unordered_set<xcb_window_t> managedClients() const;
+    static bool takeClient(Entry& entry, const Clients& clients, const std::vector<xcb_window_t>& windows);
+    Clients managedClients() const;
     std::vector<WindowRecord> described(const std::vector<Entry>& entries) const;
-    Asked ask(xcb_window_t client) const;
-    WindowRecord record(QRect pixels, const Asked& asked) const;
-    xcb_get_property_cookie_t property(xcb_window_t window, xcb_atom_t name, uint32_t words) const;
+    std::optional<WindowRecord> record(QRect pixels, const Answers& answers) const;
+    xcb_get_property_cookie_t ask(xcb_window_t window, const Question& question) const;
     XReply<xcb_get_property_reply_t> answer(xcb_get_property_cookie_t cookie) const;
 
     std::shared_ptr<XConnection> m_x;
-    const xcb_atom_t m_clients; // _NET_CLIENT_LIST
-    const xcb_atom_t m_type;    // _NET_WM_WINDOW_TYPE
-    const xcb_atom_t m_dock;    // _NET_WM_WINDOW_TYPE_DOCK
-    const xcb_atom_t m_opacity; // _NET_WM_WINDOW_OPACITY: 0 to 2^32 - 1
-    const xcb_atom_t m_shadow;  // _GTK_FRAME_EXTENTS: left, right, top, bottom
-    const xcb_atom_t m_name;    // _NET_WM_NAME
-    const xcb_atom_t m_process; // _NET_WM_PID
+    const Question m_clients; // of the root
+    const xcb_atom_t m_dock;  // a value of Type
+    const std::array<Question, kFacts> m_questions;
 };
