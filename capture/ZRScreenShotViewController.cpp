@@ -9,6 +9,8 @@
 
 namespace {
 
+const QString kSaved = QStringLiteral("saved");
+const QString kCopied = QStringLiteral("copied");
 constexpr int kNominalResolution = 16; // the quality setting that asks for one pixel a point
 
 }
@@ -145,7 +147,7 @@ void ZRScreenShotViewController::saveImageToFile(Picture picture)
 {
     const quint64 capture = mManager->captureNumber();
     if (picture.image.isNull()) {
-        fail(capture, QStringLiteral("the region holds no part of the display"));
+        fail(capture, kSaved, QStringLiteral("the region holds no part of the display"));
         return;
     }
     const QString path = AppSettings::screenshotSavePath();
@@ -153,7 +155,7 @@ void ZRScreenShotViewController::saveImageToFile(Picture picture)
     m_jobs.save(std::move(picture), path, AppSettings::screenshotType(),
         [this, capture, path](const QString& failure) {
             if (!failure.isEmpty())
-                return fail(capture, failure);
+                return fail(capture, kSaved, failure);
             CommLog::log(QStringLiteral("save image success"));
             mManager->reportOutcome(capture, {CaptureOutcome::Kind::Saved, path, {}});
         });
@@ -163,19 +165,19 @@ void ZRScreenShotViewController::writeToPasteboard(Picture picture)
 {
     const quint64 capture = mManager->captureNumber();
     if (picture.image.isNull()) {
-        fail(capture, QStringLiteral("the region holds no part of the display"));
+        fail(capture, kCopied, QStringLiteral("the region holds no part of the display"));
         return;
     }
     m_jobs.copy(std::move(picture), [this, capture](const QString& failure) {
         if (!failure.isEmpty())
-            return fail(capture, failure);
+            return fail(capture, kCopied, failure);
         CommLog::log(QStringLiteral("write image data to pasteboard"));
         mManager->reportOutcome(capture, {CaptureOutcome::Kind::Copied, {}, {}});
     });
 }
 
-void ZRScreenShotViewController::fail(quint64 capture, const QString& reason)
+void ZRScreenShotViewController::fail(quint64 capture, const QString& what, const QString& reason)
 {
-    CommLog::log(QStringLiteral("the picture was not delivered: %1").arg(reason));
+    CommLog::log(QStringLiteral("the picture could not be %1: %2").arg(what, reason));
     mManager->reportOutcome(capture, {CaptureOutcome::Kind::Failed, {}, reason});
 }

@@ -53,7 +53,7 @@ private:
     Picture createImage(bool isFullScreen) const;
     void saveImageToFile(Picture picture);
     void writeToPasteboard(Picture picture);
-    void fail(quint64 capture, const QString& reason);
+    void fail(quint64 capture, const QString& what, const QString& reason);
 
     ZRScreenShotManager* mManager = nullptr;
     QPointer<ScreenShotBackView> m_view;
