@@ -20,6 +20,8 @@ QString BenchDesktop::saveFolder() const
 
 double BenchDesktop::openOverlay(Key hotKey)
 {
+    if (!m_screen->isPlain())
+        return std::numeric_limits<double>::infinity();
     return millisecondsFromKey(hotKey, [this] { return m_screen->isDimmed(); });
 }
 

@@ -19,7 +19,7 @@ public:
     // Where the program saves when nobody has told it otherwise.
     QString saveFolder() const;
 
-    // Super and the key; ends when the whole screen is dimmed.
+    // Super and the key; ends when the whole screen is dimmed. Infinite also when it was not plain before.
     double openOverlay(Key hotKey);
     // Escape; ends when the screen is back and the program is ready for the next capture.
     void closeOverlay();
