@@ -10,10 +10,14 @@ enum class Key : quint8 {
     Digit1 = 10,
     Digit2 = 11,
     Digit9 = 18,
+    Tab = 23,
     Q = 24,
     Control = 37,
     A = 38,
     S = 39,
+    D = 40,
+    C = 54,
+    Alt = 64,
     Super = 133,
 };
 

@@ -28,3 +28,14 @@ void endProcess(QProcess& process)
     process.kill();
     process.waitForFinished(1000);
 }
+
+PausedProcess::PausedProcess(const QProcess& process)
+    : m_id(process.processId())
+{
+    kill(pid_t(m_id), SIGSTOP);
+}
+
+void PausedProcess::goOn() const
+{
+    kill(pid_t(m_id), SIGCONT);
+}

@@ -16,3 +16,16 @@ std::unique_ptr<QProcess> startProcess(const QString& program, const QStringList
 
 // Ends it politely, after a second by force. Nothing happens to a process that has ended.
 void endProcess(QProcess& process);
+
+// Keeps a process from running as long as the object lives, as a busy machine would.
+class PausedProcess {
+public:
+    explicit PausedProcess(const QProcess& process);
+    ~PausedProcess() { goOn(); }
+    Q_DISABLE_COPY_MOVE(PausedProcess)
+
+    void goOn() const;
+
+private:
+    const qint64 m_id;
+};

@@ -81,6 +81,23 @@ QRect XClient::geometry(xcb_window_t window) const
     return reply ? QRect(reply->x, reply->y, reply->width, reply->height) : QRect();
 }
 
+QRect XClient::outline(xcb_window_t window) const
+{
+    const auto reply =
+        owned(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
+    if (!reply)
+        return {};
+    const int borders = 2 * reply->border_width;
+    return {reply->x, reply->y, reply->width + borders, reply->height + borders};
+}
+
+xcb_window_t XClient::parent(xcb_window_t window) const
+{
+    const auto reply =
+        owned(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr));
+    return reply ? reply->parent : xcb_window_t(XCB_NONE);
+}
+
 xcb_window_t XClient::focusedWindow() const
 {
     const auto reply =
@@ -95,6 +112,18 @@ bool XClient::isKeyboardTaken() const
     const auto reply = owned(xcb_grab_keyboard_reply(m_connection, cookie, nullptr));
     if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS) {
         xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
+        sync();
+    }
+    return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+}
+
+bool XClient::isPointerTaken() const
+{
+    const auto cookie = xcb_grab_pointer(m_connection, false, root(), 0, XCB_GRAB_MODE_ASYNC,
+        XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+    const auto reply = owned(xcb_grab_pointer_reply(m_connection, cookie, nullptr));
+    if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS) {
+        xcb_ungrab_pointer(m_connection, XCB_CURRENT_TIME);
         sync();
     }
     return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;

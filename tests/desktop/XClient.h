@@ -31,9 +31,16 @@ public:
     std::vector<xcb_window_t> visibleWindows() const;
     QString title(xcb_window_t window) const;
     QRect geometry(xcb_window_t window) const;
+    // The same with the border around it.
+    QRect outline(xcb_window_t window) const;
+    // XCB_NONE for the root and for a window that is gone.
+    xcb_window_t parent(xcb_window_t window) const;
+    xcb_atom_t atom(const char* name) const;
     xcb_window_t focusedWindow() const;
     // Whether some client holds the whole keyboard now.
     bool isKeyboardTaken() const;
+    // Whether some client holds the whole pointer now; a pressed button counts.
+    bool isPointerTaken() const;
     // Whether a window manager has announced itself.
     bool isManaged() const;
     // A window manager may leave what it has read unhandled until something else happens: this happens.
@@ -44,7 +51,6 @@ public:
 
 private:
     QByteArray property(xcb_window_t window, const char* name) const;
-    xcb_atom_t atom(const char* name) const;
 
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen = nullptr;
