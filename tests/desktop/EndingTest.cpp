@@ -1,0 +1,202 @@
+#include "tests/desktop/KeyRecorder.h"
+#include "tests/desktop/ProgramTest.h"
+
+namespace {
+
+using Event = KeyRecorder::Event;
+
+// The end of a capture and what comes right after it, with another program's window that has the keyboard.
+class Ending : public EachDesktopTest {
+protected:
+    void SetUp() override
+    {
+        EachDesktopTest::SetUp();
+        m_recorder = std::make_unique<KeyRecorder>(m_desktop.displayName(), kWindow);
+        ASSERT_TRUE(m_recorder->hasKeyboard());
+        ASSERT_TRUE(m_program.startResident());
+    }
+    testing::AssertionResult openOverlayWithRegion()
+    {
+        const auto result = openOverlay();
+        m_desktop.input().drag(
+            kRegion.topLeft(), kRegion.topLeft() + QPoint(kRegion.width(), kRegion.height()));
+        m_recorder->take(); // the hot key's modifier went down before the hot key did
+        return result;
+    }
+    void type(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            m_desktop.input().chord({Key::A});
+    }
+    static std::vector<Event> typed(int count)
+    {
+        std::vector<Event> events;
+        for (int i = 0; i < count; ++i) {
+            events.push_back({XCB_KEY_PRESS, quint8(Key::A)});
+            events.push_back({XCB_KEY_RELEASE, quint8(Key::A)});
+        }
+        return events;
+    }
+    QByteArray clipboard(const char* target) const
+    {
+        const auto reader = m_program.startOther(QStringLiteral("xclip"),
+            {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-out"),
+                QStringLiteral("-target"), QLatin1String(target)});
+        return reader->waitForFinished(5000) ? reader->readAllStandardOutput() : QByteArray();
+    }
+
+    static constexpr QRect kRegion{101, 377, 301, 222};
+    std::unique_ptr<KeyRecorder> m_recorder;
+};
+
+struct End {
+    const char* way;
+    std::function<void(Input&)> end;
+};
+const End kEnds[] = {
+    {"Escape", [](Input& input) { input.chord({Key::Escape}); }},
+    {"save",
+        [](Input& input) {
+            input.chord({Key::Control, Key::S});
+        }},
+    {"copy",
+        [](Input& input) {
+            input.chord({Key::Control, Key::C});
+        }},
+    {"right button", [](Input& input) { input.click(Button::Right); }},
+};
+
+} // namespace
+
+LUMORA_ON_EACH_DESKTOP(Ending);
+
+TEST_P(Ending, CopyPutsTheSamePixelsOnTheClipboardAndTheNextSaveWritesAFile)
+{
+    ASSERT_TRUE(openOverlayWithRegion());
+    m_desktop.input().chord({Key::Control, Key::C});
+    ASSERT_TRUE(waitForRest());
+    const QImage expected = m_before.copy(kRegion);
+    const QList<QByteArray> targets = clipboard("TARGETS").split('\n');
+    EXPECT_LT(targets.indexOf("image/png"), targets.indexOf("image/tiff"));
+    for (const char* target : {"image/png", "image/tiff", "image/png"}) {
+        SCOPED_TRACE(target);
+        EXPECT_TRUE(samePixels(QImage::fromData(clipboard(target)), expected));
+    }
+    EXPECT_TRUE(Program::allFiles(m_program.saveFolder()).isEmpty());
+
+    ASSERT_TRUE(openOverlayWithRegion());
+    EXPECT_TRUE(samePixels(pictureAfter({Key::Control, Key::S}), m_before.copy(kRegion)));
+    EXPECT_TRUE(samePixels(QImage::fromData(clipboard("image/png")), expected));
+}
+
+TEST_P(Ending, TwoSavesInAHurryWriteOneFile)
+{
+    for (const int pauseMs : {0, 20, 60}) {
+        SCOPED_TRACE(pauseMs);
+        const qsizetype before = m_program.savedPictures().size();
+        ASSERT_TRUE(openOverlayWithRegion());
+        m_desktop.input().chord({Key::Control, Key::S});
+        QThread::msleep(pauseMs);
+        m_desktop.input().chord({Key::Control, Key::S});
+        ASSERT_TRUE(waitForRest());
+        EXPECT_EQ(Program::allFiles(m_program.saveFolder()).size(), before + 1);
+    }
+}
+
+TEST_P(Ending, WhatIsTypedDuringACaptureReachesNobody)
+{
+    for (const End& e : kEnds) {
+        SCOPED_TRACE(e.way);
+        m_before = m_desktop.settledScreen();
+        const auto region = m_program.start({QStringLiteral("region")});
+        ASSERT_TRUE(m_program.waitForOverlay(m_before));
+        type(2);
+        m_desktop.input().drag({10, 400}, {90, 500});
+        type(2);
+        e.end(m_desktop.input());
+        ASSERT_TRUE(waitForRest());
+        const std::vector<Event> events = m_recorder->take();
+        EXPECT_TRUE(events.empty() || events == std::vector<Event>{{XCB_KEY_RELEASE, quint8(Key::Control)}});
+    }
+}
+
+TEST_P(Ending, WhatIsTypedRightAfterACaptureReachesTheFormerWindowWhole)
+{
+    for (const End& e : kEnds) {
+        for (const int pauseMs : {0, 3}) {
+            SCOPED_TRACE(testing::Message() << e.way << ", pause " << pauseMs);
+            ASSERT_TRUE(openOverlayWithRegion());
+            e.end(m_desktop.input());
+            while (m_program.overlay() != XCB_NONE) { }
+            QThread::msleep(pauseMs);
+            type(3);
+            ASSERT_TRUE(waitForRest());
+            std::vector<Event> events = m_recorder->take();
+            std::erase(events, Event{XCB_KEY_RELEASE, quint8(Key::Control)});
+            EXPECT_EQ(events, typed(3));
+        }
+    }
+}
+
+TEST_P(Ending, StartsAreDroppedForAMomentAndWorkAfterwards)
+{
+    const auto byKey = [this] {
+        m_desktop.input().chord({Key::Super, Key::Digit1});
+        return waitUntil([this] { return m_program.overlay() != XCB_NONE; }, 100);
+    };
+    const auto byVerb = [this] { return m_program.run({QStringLiteral("full")}).exitCode == 0; };
+    for (const std::function<bool()>& start : {std::function<bool()>(byKey), std::function<bool()>(byVerb)}) {
+        for (const int pauseMs : {100, 500}) {
+            SCOPED_TRACE(pauseMs);
+            ASSERT_TRUE(openOverlay());
+            m_desktop.input().chord({Key::Escape});
+            ASSERT_TRUE(m_program.waitForNoOverlay());
+            QThread::msleep(pauseMs);
+            EXPECT_EQ(start(), pauseMs == 500);
+            EXPECT_TRUE(m_program.answers()); // cancels
+            ASSERT_TRUE(waitForRest());
+        }
+    }
+    EXPECT_EQ(m_program.run({QStringLiteral("full")}).exitCode, 0);
+    EXPECT_EQ(m_program.run({QStringLiteral("full")}).exitCode, 5);
+}
+
+TEST_P(Ending, EachCaptureRestoresTheWindowThatWasActiveWhenItBegan)
+{
+    const auto fullScreen = [this] { m_desktop.input().chord({Key::Super, Key::Digit2}); };
+    const auto cancelled = [this] {
+        EXPECT_TRUE(openOverlay());
+        m_desktop.input().chord({Key::Escape});
+    };
+    for (const std::function<void()>& first :
+        {std::function<void()>(fullScreen), std::function<void()>(cancelled)}) {
+        first();
+        ASSERT_TRUE(waitForRest());
+        KeyRecorder second(m_desktop.displayName(), kWindow.translated(-300, 0));
+        ASSERT_TRUE(second.hasKeyboard());
+        ASSERT_TRUE(openOverlay());
+        EXPECT_FALSE(second.hasKeyboard());
+        m_desktop.input().chord({Key::Escape});
+        ASSERT_TRUE(waitForRest());
+        EXPECT_TRUE(waitUntil([&] { return second.hasKeyboard(); }));
+    }
+}
+
+TEST_P(Ending, TheWindowManagersOwnKeysChangeNothing)
+{
+    KeyRecorder second(m_desktop.displayName(), kWindow.translated(-300, 0));
+    ASSERT_TRUE(second.hasKeyboard());
+    for (const std::initializer_list<Key> keys :
+        {std::initializer_list<Key>{Key::Super, Key::D}, {Key::Alt, Key::Tab}}) {
+        const std::vector<xcb_window_t> windows = m_desktop.server().visibleWindows();
+        ASSERT_TRUE(openOverlayWithRegion());
+        m_desktop.input().chord(keys);
+        QThread::msleep(200);
+        EXPECT_NE(m_program.overlay(), XCB_NONE);
+        m_desktop.input().chord({Key::Escape});
+        ASSERT_TRUE(waitForRest());
+        EXPECT_EQ(m_desktop.server().visibleWindows(), windows);
+        EXPECT_TRUE(waitUntil([&] { return second.hasKeyboard(); }));
+        EXPECT_TRUE(samePixels(m_desktop.settledScreen(), m_before));
+    }
+}
