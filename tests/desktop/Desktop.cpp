@@ -112,7 +112,16 @@ QProcess& Desktop::start(const QString& program, const QStringList& arguments)
 
 bool Desktop::setDisplay(const QString& name, QRect pixels) const
 {
-    const bool isFirst = pixels.topLeft().isNull();
+    return setMonitor(name, pixels, pixels.topLeft().isNull() ? "screen" : "none");
+}
+
+bool Desktop::setPrimaryDisplay(const QString& name, QRect pixels) const
+{
+    return setMonitor(QLatin1Char('*') + name, pixels, "screen");
+}
+
+bool Desktop::setMonitor(const QString& name, QRect pixels, const char* output) const
+{
     const QString place = QStringLiteral("%1/%2x%3/%4+%5+%6")
                               .arg(pixels.width())
                               .arg(pixels.width() / 4)
@@ -120,8 +129,8 @@ bool Desktop::setDisplay(const QString& name, QRect pixels) const
                               .arg(pixels.height() / 4)
                               .arg(pixels.x())
                               .arg(pixels.y());
-    const QString output = isFirst ? QStringLiteral("screen") : QStringLiteral("none");
-    return run(QStringLiteral("xrandr"), {QStringLiteral("--setmonitor"), name, place, output}) == 0;
+    return run(QStringLiteral("xrandr"),
+               {QStringLiteral("--setmonitor"), name, place, QLatin1String(output)}) == 0;
 }
 
 bool Desktop::removeDisplay(const QString& name) const

@@ -39,9 +39,10 @@ public:
     int run(const QString& program, const QStringList& arguments) const;
     // Starts a program that lives until the desktop ends.
     QProcess& start(const QString& program, const QStringList& arguments);
-    // Splits the screen: each rectangle becomes a display, named as given. The first one is the first
-    // display.
+    // Splits the screen: each rectangle becomes a display, named as given. The one that holds the screen's
+    // corner is the first display, unless a primary one is set.
     bool setDisplay(const QString& name, QRect pixels) const;
+    bool setPrimaryDisplay(const QString& name, QRect pixels) const;
     bool removeDisplay(const QString& name) const;
     // The power cord of the server.
     void killServer();
@@ -53,6 +54,7 @@ public:
 
 private:
     void makeHome();
+    bool setMonitor(const QString& name, QRect pixels, const char* output) const;
     bool startServer(const DesktopOptions& options);
     bool startWindowManager();
     bool startClients();

@@ -1,5 +1,7 @@
 #include "tests/desktop/XClient.h"
 
+#include <QDeadlineTimer>
+
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -66,6 +68,18 @@ std::vector<xcb_window_t> XClient::visibleWindows() const
             visible.push_back(children[i]);
     }
     return visible;
+}
+
+bool XClient::waitForHidden(xcb_window_t window) const
+{
+    const QDeadlineTimer deadline(5000);
+    while (!deadline.hasExpired()) {
+        const auto cookie = xcb_get_window_attributes(m_connection, window);
+        const auto attributes = owned(xcb_get_window_attributes_reply(m_connection, cookie, nullptr));
+        if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
+            return true;
+    }
+    return false;
 }
 
 QString XClient::title(xcb_window_t window) const
