@@ -110,6 +110,7 @@ void ZRScreenShotManager::_startScreenShot()
     m_isEnding = false;
     m_isEndedByKey = false;
     m_isMoving = false;
+    m_isPressed = false;
     ++m_captureNumber;
 }
 
@@ -206,6 +207,7 @@ void ZRScreenShotManager::mouseDown(const ZRMouseEvent& event)
 {
     if (m_isEnding || !isOnOverlay(event.location))
         return;
+    m_isPressed = true;
     _beginRegionSelect(event.location);
     mScreenShotController.setIsDragView(false);
     updateCursor();
@@ -213,7 +215,7 @@ void ZRScreenShotManager::mouseDown(const ZRMouseEvent& event)
 
 void ZRScreenShotManager::mouseUp(const ZRMouseEvent&)
 {
-    if (m_isEnding)
+    if (m_isEnding || !std::exchange(m_isPressed, false))
         return;
     _endRegionSelect();
     if (mScreenShotController.isRegionLocked()) {
@@ -225,7 +227,7 @@ void ZRScreenShotManager::mouseUp(const ZRMouseEvent&)
 
 void ZRScreenShotManager::mouseDragged(const ZRMouseEvent& event)
 {
-    if (m_isEnding)
+    if (m_isEnding || !m_isPressed)
         return;
     _updateDragPoint(RegionRules::cutToOverlay(event.location, overlaySize().width));
     if (!mScreenShotController.isRegionLocked())
@@ -277,7 +279,7 @@ void ZRScreenShotManager::moveToDisplayUnderPointer()
 {
     m_isMoving = false;
     const auto screen = ToolScreen::screenUnderPointer();
-    if (!screen || *screen == m_frame->display() || mScreenShotController.isRegionLocked())
+    if (!screen || *screen == m_frame->display() || m_isPressed || mScreenShotController.isRegionLocked())
         return;
     setCurrentScreen(*screen);
     openOverlay();

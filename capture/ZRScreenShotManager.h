@@ -111,5 +111,6 @@ private:
     quint64 m_captureNumber = 0;
     bool m_isEnding = false;
     bool m_isMoving = false;     // the overlay is about to follow the pointer
+    bool m_isPressed = false;    // a drag belongs to the overlay that its press began on
     bool m_isEndedByKey = false; // the ending key is still down
 };
