@@ -383,7 +383,7 @@ void ZRScreenShotManager::updateCursor()
 void ZRScreenShotManager::stopScreenShot()
 {
     ZRScreenShotSetting::clear();
-    QTimer::singleShot(0, this, [] { AppSettings::restoreLastRunningAndActiveApp(); });
+    AppSettings::restoreLastRunningAndActiveApp(); // before the keyboard is free: no key goes astray
     scheduleClear();
     releaseKeyboard();
     closeScreenShotWindow();
