@@ -44,7 +44,7 @@ QString classOf(const PropertyReply& reply)
     return texts.size() > 1 ? QString::fromUtf8(texts[1]) : QString();
 }
 
-// Empty when there is no such process, or the property does not tell one.
+// Empty when the property does not tell a process, or there is none.
 QString nameOfProcess(const PropertyReply& id)
 {
     const std::vector<uint32_t> number = numbers(id);
@@ -154,8 +154,8 @@ std::vector<XWindowList::Entry> XWindowList::visibleEntries() const
 }
 
 // A window manager puts each program's window into a frame, right inside it or one step deeper. Windows that
-// it does not manage, menus among them, tell about themselves. So they do without a manager, whatever list a
-// former one has left.
+// it does not manage, menus among them, tell about themselves. So do all windows when the manager has died
+// and left its list.
 void XWindowList::findClients(std::vector<Entry>& entries) const
 {
     const Clients clients = managedClients();
@@ -202,7 +202,7 @@ std::vector<WindowRecord> XWindowList::described(const std::vector<Entry>& entri
             asked.push_back(ask(question.isOfFrame ? entry.top : entry.client, question));
     std::vector<WindowRecord> records;
     records.reserve(entries.size());
-    auto next = asked.begin();
+    auto next = asked.cbegin();
     for (const Entry& entry : entries) {
         Answers answers;
         for (auto& each : answers)
