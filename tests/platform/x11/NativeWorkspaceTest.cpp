@@ -3,7 +3,6 @@
 #include "tests/platform/x11/XServer.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -14,25 +13,6 @@ xcb_window_t activeWindow(const NativeWorkspace& workspace)
 {
     return xcb_window_t(workspace.activeApplication().window);
 }
-
-// Runs a window manager for as long as it lives.
-class WindowManager {
-public:
-    WindowManager()
-    {
-        m_process.setStandardErrorFile(QProcess::nullDevice());
-        m_process.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
-        EXPECT_TRUE(m_process.waitForStarted());
-    }
-    ~WindowManager()
-    {
-        m_process.terminate();
-        m_process.waitForFinished();
-    }
-
-private:
-    QProcess m_process;
-};
 
 // Puts a program of that name first in the path, which notes its arguments, one a line.
 class FakeTool {
@@ -83,7 +63,7 @@ TEST(NativeWorkspace, RestoresTheFocusWithoutAWindowManager)
 TEST(NativeWorkspace, AsksTheWindowManager)
 {
     NativeWorkspace workspace(XConnection::ofApplication());
-    WindowManager manager;
+    WindowManager manager(mainDisplay());
     XClient client(mainDisplay());
     letPass(300);
     const xcb_window_t first = client.openWindow({0, 0, 50, 50}, 0, true);

@@ -47,6 +47,28 @@ void XServer::kill()
     m_process.waitForFinished();
 }
 
+WindowManager::WindowManager(const QString& display)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DISPLAY"), display);
+    m_process.setProcessEnvironment(environment);
+    m_process.setStandardErrorFile(QProcess::nullDevice());
+    m_process.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+    m_process.waitForStarted();
+}
+
+WindowManager::~WindowManager()
+{
+    m_process.terminate();
+    m_process.waitForFinished();
+}
+
+void WindowManager::kill()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
 XClient::XClient(const QString& display)
     : m_connection(xcb_connect(display.toUtf8().constData(), nullptr))
 {

@@ -24,6 +24,19 @@ private:
     QString m_display;
 };
 
+// A window manager that runs for as long as it lives.
+class WindowManager {
+public:
+    explicit WindowManager(const QString& display);
+    ~WindowManager();
+
+    // It has no time to tidy up.
+    void kill();
+
+private:
+    QProcess m_process;
+};
+
 // Another program on an X server: a connection of its own, with real keys and windows that tell what keys
 // they got.
 class XClient {
