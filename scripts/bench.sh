@@ -6,5 +6,5 @@ cd "$(dirname "$0")/.."
 
 scripts/dependencies.sh bench
 cmake --preset release -B build/bench -DLUMORA_BENCH=ON >/dev/null
-cmake --build build/bench --target bench_desktop
+cmake --build build/bench --target bench_desktop >&2
 exec build/bench/bench/desktop/bench_desktop "$@"
