@@ -18,6 +18,18 @@ QColor borderColor()
     return QColor::fromRgbF(0.25F, 0.67F, 0.98F);
 }
 
+QImage disc(QSize pixels)
+{
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(QRectF(image.rect()));
+    return image;
+}
+
 QRect grown(const QRect& r, int by)
 {
     return r.adjusted(-by, -by, by, by);
@@ -119,11 +131,12 @@ void ScreenShotBackView::_drawDashBorder(QPainter& painter) const
 
 void ScreenShotBackView::_drawResizeButton(QPainter& painter) const
 {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::white);
-    for (int code = 1; code <= RegionRules::kHandleCount; ++code)
-        painter.drawEllipse(QRectF(devicePixels(RegionRules::handleRect(mRect, code))));
+    for (int code = 1; code <= RegionRules::kHandleCount; ++code) {
+        const QRect square = devicePixels(RegionRules::handleRect(mRect, code));
+        if (m_handle.size() != square.size())
+            m_handle = disc(square.size());
+        painter.drawImage(square.topLeft(), m_handle);
+    }
 }
 
 bool ScreenShotBackView::hasBorder() const

@@ -2,6 +2,7 @@
 
 #include "customui/View.h"
 
+#include <QImage>
 #include <QPainter>
 #include <QRegion>
 
@@ -47,4 +48,5 @@ private:
     bool mIsNeedDrawResizeButton = false;
     bool mIsNeedDrawRegionBorder = false;
     bool mIsNeedDrawDashBorder = false;
+    mutable QImage m_handle; // one handle's picture, kept between the steps of a drag
 };
