@@ -44,13 +44,6 @@ protected:
         std::erase(events, Event{XCB_KEY_RELEASE, quint8(Key::Control)});
         return events;
     }
-    QByteArray clipboard(const char* target) const
-    {
-        const auto reader = m_program.startOther(QStringLiteral("xclip"),
-            {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-out"),
-                QStringLiteral("-target"), QLatin1String(target)});
-        return reader->waitForFinished(5000) ? reader->readAllStandardOutput() : QByteArray();
-    }
 
     static constexpr QRect kRegion{101, 377, 301, 222};
     std::unique_ptr<KeyRecorder> m_recorder;

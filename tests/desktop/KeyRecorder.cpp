@@ -20,8 +20,8 @@ KeyRecorder::KeyRecorder(const QString& displayName, QRect geometry)
         XCB_ATOM_WM_SIZE_HINTS, 32, 18, sizeHints);
     const quint32 undecorated[5] = {2}; // a frame would show who has the keyboard
     const xcb_atom_t motifHints = m_client.atom("_MOTIF_WM_HINTS");
-    xcb_change_property(m_client.connection(), XCB_PROP_MODE_REPLACE, m_window, motifHints, motifHints, 32, 5,
-        undecorated);
+    xcb_change_property(
+        m_client.connection(), XCB_PROP_MODE_REPLACE, m_window, motifHints, motifHints, 32, 5, undecorated);
     xcb_map_window(m_client.connection(), m_window);
     waitForKeyboard();
 }

@@ -44,7 +44,7 @@ public:
     // Starts it behind a shell command that ends in the program, such as "ulimit -f 64; exec".
     bool startResidentBehind(const QString& shellPrefix);
     bool hasResident() const { return m_resident != nullptr; }
-    QProcess& resident() { return *m_resident; }
+    QProcess& resident() const { return *m_resident; }
     // Ends it by force, as a crash would, and forgets it.
     void killResident();
     // Asks it to quit, waits and forgets it; its exit code, -1 when it crashed or did not end in time.

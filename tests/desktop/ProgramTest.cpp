@@ -66,6 +66,14 @@ testing::AssertionResult ProgramTest::waitForRest() const
     return testing::AssertionSuccess();
 }
 
+QByteArray ProgramTest::clipboard(const char* mimeType) const
+{
+    const auto reader = m_program.startOther(QStringLiteral("xclip"),
+        {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-out"),
+            QStringLiteral("-target"), QLatin1String(mimeType)});
+    return reader->waitForFinished(5000) ? reader->readAllStandardOutput() : QByteArray();
+}
+
 int ProgramTest::logCount(const char* message) const
 {
     return m_program.logLines().count(QLatin1String(message));

@@ -22,6 +22,8 @@ protected:
     QImage pictureAfter(std::initializer_list<Key> keys);
     // Waits until the overlay is gone and the pause after a capture is over.
     testing::AssertionResult waitForRest() const;
+    // What another program gets when it pastes; empty when it gets nothing.
+    QByteArray clipboard(const char* mimeType) const;
     int logCount(const char* message) const;
 
     static constexpr QRect kWindow{700, 600, 300, 150}; // free ground for windows of the tests' own

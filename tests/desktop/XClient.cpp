@@ -70,6 +70,13 @@ std::vector<xcb_window_t> XClient::visibleWindows() const
     return visible;
 }
 
+int XClient::windowCount() const
+{
+    const auto tree =
+        owned(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, root()), nullptr));
+    return tree ? xcb_query_tree_children_length(tree.get()) : 0;
+}
+
 bool XClient::waitForHidden(xcb_window_t window) const
 {
     const QDeadlineTimer deadline(5000);

@@ -29,6 +29,8 @@ public:
     QImage pixels(QRect area) const;
     // The visible children of the root, the lowest first.
     std::vector<xcb_window_t> visibleWindows() const;
+    // How many children the root has, hidden ones included.
+    int windowCount() const;
     // Returns in the moment in which the window leaves the screen; false when it stays for 5 s.
     bool waitForHidden(xcb_window_t window) const;
     QString title(xcb_window_t window) const;

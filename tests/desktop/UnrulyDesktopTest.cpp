@@ -1,0 +1,125 @@
+#include "tests/desktop/ProgramTest.h"
+#include "tests/desktop/TestWindow.h"
+
+#include <random>
+
+namespace {
+
+class UnrulyDesktop : public EachDesktopTest { };
+
+// Many small windows of one program, anywhere on the screen; gone with the object.
+class Crowd {
+public:
+    Crowd(const QString& displayName, int count)
+        : m_client(displayName)
+    {
+        std::minstd_rand random(11);
+        const quint32 values[] = {0x556677, 1};
+        for (int i = 0; i < count; ++i) {
+            const xcb_window_t window = xcb_generate_id(m_client.connection());
+            xcb_create_window(m_client.connection(), XCB_COPY_FROM_PARENT, window, m_client.root(),
+                100 + int(random() % 400), 100 + int(random() % 500), 40, 40, 0,
+                XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values);
+            xcb_map_window(m_client.connection(), window);
+        }
+        m_client.sync();
+    }
+
+private:
+    XClient m_client;
+};
+
+} // namespace
+
+LUMORA_ON_EACH_DESKTOP(UnrulyDesktop);
+
+TEST_P(UnrulyDesktop, AWindowThatDiesAfterTheCaptureBeganIsStillInThePicture)
+{
+    ASSERT_TRUE(m_program.startResident());
+    TestWindow window(m_desktop.displayName(), {{800, 400, 200, 150}});
+    const QRect outline = window.outline();
+    ASSERT_TRUE(openOverlay());
+    window.kill();
+    QThread::msleep(50);
+    m_desktop.input().moveTo(outline.center());
+    m_desktop.input().click(Button::Left);
+    EXPECT_TRUE(samePixels(pictureAfter({Key::Control, Key::S}), m_before.copy(outline)));
+}
+
+TEST_P(UnrulyDesktop, ManyWindowsAndTheirDeathKeepNoCaptureFromStarting)
+{
+    ASSERT_TRUE(m_program.startResident());
+    TestWindow window(m_desktop.displayName(), {{800, 400, 200, 150}});
+    const QRect outline = window.outline();
+    {
+        const Crowd crowd(m_desktop.displayName(), 2000);
+        ASSERT_TRUE(openOverlay());
+        m_desktop.input().moveTo(outline.center());
+        m_desktop.input().click(Button::Left);
+        EXPECT_TRUE(samePixels(pictureAfter({Key::Control, Key::S}), m_before.copy(outline)));
+    }
+    for (int i = 0; i < 10; ++i) {
+        {
+            const Crowd crowd(m_desktop.displayName(), 300);
+            m_desktop.input().chord({Key::Super, Key::Digit1});
+            QThread::msleep(i / 2);
+        }
+        ASSERT_TRUE(waitUntil([this] { return m_program.overlay() != XCB_NONE; }));
+        m_desktop.input().click(Button::Right);
+        ASSERT_TRUE(waitForRest());
+    }
+}
+
+TEST_P(UnrulyDesktop, AProgramThatHoldsThePointerDelaysTheHandOnly)
+{
+    const QRect left(0, 0, 700, 800), right(700, 0, 580, 800);
+    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("LEFT"), left));
+    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("RIGHT"), right));
+    ASSERT_TRUE(m_program.startResident());
+    const XClient menu(m_desktop.displayName());
+    for (const bool isEndedInTime : {false, true}) {
+        SCOPED_TRACE(isEndedInTime);
+        m_desktop.input().moveTo({300, 100});
+        xcb_grab_pointer(menu.connection(), false, menu.root(), XCB_EVENT_MASK_BUTTON_PRESS,
+            XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+        menu.sync();
+        ASSERT_TRUE(openOverlay(left));
+        if (isEndedInTime) {
+            xcb_ungrab_pointer(menu.connection(), XCB_CURRENT_TIME);
+            menu.sync();
+            m_desktop.input().moveTo({400, 120});
+            QThread::msleep(100);
+            m_desktop.input().moveTo({900, 120});
+            ASSERT_TRUE(m_program.waitForOverlay(m_before, right));
+            EXPECT_TRUE(samePixels(savedRegion({750, 100}, {900, 300}), m_before.copy(750, 100, 150, 200)));
+        } else {
+            m_desktop.input().chord({Key::Escape});
+            ASSERT_TRUE(waitForRest());
+            EXPECT_FALSE(m_desktop.server().isKeyboardTaken());
+            EXPECT_TRUE(m_desktop.server().isPointerTaken());
+        }
+    }
+    EXPECT_FALSE(m_desktop.server().isPointerTaken());
+}
+
+TEST_P(UnrulyDesktop, AScreenLockedByAKeyboardGrabRefusesTheCapture)
+{
+    ASSERT_TRUE(m_program.startResident());
+    const XClient lock(m_desktop.displayName());
+    xcb_grab_keyboard(
+        lock.connection(), false, lock.root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    lock.sync();
+    m_desktop.input().chord({Key::Super, Key::Digit1}); // goes to the lock
+    const Answer answer = m_program.run({QStringLiteral("region")});
+    EXPECT_EQ(answer.exitCode, 1);
+    EXPECT_TRUE(answer.err.contains(QLatin1String("another program holds the keyboard")));
+    EXPECT_EQ(logCount("the capture cannot go on: another program holds the keyboard"), 1);
+    EXPECT_EQ(m_program.overlay(), XCB_NONE);
+    EXPECT_FALSE(m_desktop.server().isPointerTaken());
+    xcb_ungrab_keyboard(lock.connection(), XCB_CURRENT_TIME);
+    lock.sync();
+    ASSERT_TRUE(waitForRest());
+    ASSERT_TRUE(openOverlay());
+    EXPECT_FALSE(savedRegion({10, 400}, {90, 500}).isNull());
+}
