@@ -18,6 +18,7 @@ void FrozenImageView::paintEvent(QPaintEvent* event)
     DevicePixels::begin(painter, *this);
     for (const QRect& points : event->region()) {
         const QRect pixels = DevicePixels::covering(points, devicePixelRatioF());
+        painter.setClipRect(pixels); // a clip of several rectangles is many times as slow
         painter.drawImage(pixels.topLeft(), m_frame->image(), pixels);
     }
 }

@@ -130,13 +130,15 @@ void ZRScreenShotManager::openOverlay()
     mScreenShotController.initialize();
     AppSettings::setUseWindowRecognize(true);
     recogniseUnderPointer();
-    mScreenShotEditorWindow->makeKeyAndOrderFront(*m_platform.windowServer);
-    mScreenShotEditorWindow->followPointerEverywhere(true);
-    updateCursor();
+    mScreenShotEditorWindow->makeKeyAndOrderFront();
     m_platform.inputGrab->grabKeyboard(*mScreenShotEditorWindow->windowHandle());
     discard(before);
-    if (!m_isEnding) // it is, where the keyboard was refused
-        storeScreens();
+    if (m_isEnding) // the keyboard was refused
+        return;
+    mScreenShotEditorWindow->showFrame(*m_platform.windowServer);
+    mScreenShotEditorWindow->followPointerEverywhere(true);
+    updateCursor();
+    storeScreens();
 }
 
 // Once the display is frozen and shown: the disk is not on the way there.

@@ -49,15 +49,19 @@ void ZRStaticScreenShotWindow::setFrame(std::shared_ptr<const Frame> frame)
     mFullImageView->setFrame(m_frame);
 }
 
-void ZRStaticScreenShotWindow::makeKeyAndOrderFront(WindowServer& server)
+void ZRStaticScreenShotWindow::makeKeyAndOrderFront()
 {
     m_gate->showUnpainted();
-    const Dimming dimming{ScreenShotBackView::kDim, m_backView->holePixels()};
-    const bool isPresented = m_frame && server.present(*m_frame, *windowHandle(), dimming);
-    m_gate->paint(isPresented ? m_backView->chromePoints() : QRegion(rect()));
     raise();
     activateWindow();
     setFocus();
+}
+
+void ZRStaticScreenShotWindow::showFrame(WindowServer& server)
+{
+    const Dimming dimming{ScreenShotBackView::kDim, m_backView->holePixels()};
+    const bool isPresented = m_frame && server.present(*m_frame, *windowHandle(), dimming);
+    m_gate->paint(isPresented ? m_backView->chromePoints() : QRegion(rect()));
 }
 
 void ZRStaticScreenShotWindow::followPointerEverywhere(bool isOn)

@@ -28,8 +28,10 @@ public:
 
     // What the overlay shows from now on; the frame is of this window's display.
     void setFrame(std::shared_ptr<const Frame> frame);
-    // Shows the overlay above everything and takes the focus; the server puts the picture there where it can.
-    void makeKeyAndOrderFront(WindowServer& server);
+    // Maps the overlay above everything, without a picture yet, and takes the focus.
+    void makeKeyAndOrderFront();
+    // Puts the picture on it, the server where it can.
+    void showFrame(WindowServer& server);
 
     // While on, the overlay gets the pointer's movements and presses on other displays too.
     void followPointerEverywhere(bool isOn);
