@@ -9,6 +9,11 @@ BenchDesktop::BenchDesktop(QSize size)
     if (!m_desktop.isReady())
         return;
     paintRoot(ScreenPictures::flatDesktop(size));
+    rememberScreen();
+}
+
+void BenchDesktop::rememberScreen()
+{
     m_desktop.settledScreen();
     m_screen.emplace(m_desktop.server());
 }
@@ -22,6 +27,7 @@ double BenchDesktop::openOverlay(Key hotKey)
 {
     if (!m_screen->isPlain())
         return std::numeric_limits<double>::infinity();
+    input().moveTo({size().width() - 1, size().height() - 1});
     return millisecondsFromKey(hotKey, [this] { return m_screen->isDimmed(); });
 }
 

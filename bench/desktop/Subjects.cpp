@@ -28,6 +28,14 @@ Resident Subjects::overlayFloor(Desktop& desktop)
     return {desktop, QStringLiteral(FLOOR_OVERLAY), {position(kOverlayFloorKey)}, kOverlayFloorKey};
 }
 
+Resident Subjects::hoverFloor(Desktop& desktop, const QList<QRect>& bright)
+{
+    QStringList arguments{position(kOverlayFloorKey)};
+    for (const QRect& r : bright)
+        arguments << QStringLiteral("%1,%2,%3,%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+    return {desktop, QStringLiteral(FLOOR_OVERLAY), arguments, kOverlayFloorKey};
+}
+
 Resident Subjects::trayFloor(Desktop& desktop)
 {
     return {desktop, QStringLiteral(FLOOR_TRAY), {position(kTrayFloorKey)}, kTrayFloorKey};

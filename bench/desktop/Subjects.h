@@ -12,6 +12,8 @@ constexpr Key kFullScreenKey = Key::Digit2;
 QString program();
 Resident ours(Desktop& desktop);
 Resident overlayFloor(Desktop& desktop);
+// `bright` are the rectangles that become bright under the pointer.
+Resident hoverFloor(Desktop& desktop, const QList<QRect>& bright);
 Resident trayFloor(Desktop& desktop);
 Resident captureFloor(Desktop& desktop, const QString& folder);
 

@@ -13,6 +13,8 @@ constexpr Bench kBenches[] = {
     {"start", benchStart},
     {"overlay", benchOverlay},
     {"drag", benchDrag},
+    {"windows", benchWindows},
+    {"hover", benchHover},
     {"capture", benchCapture},
     {"png", benchPng},
     {"rest", benchRest},

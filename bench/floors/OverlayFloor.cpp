@@ -40,6 +40,12 @@ bool OverlayFloor::nativeEventFilter(const QByteArray&, void* message, qintptr*)
     return false;
 }
 
+void OverlayFloor::addBright(QRect pixels)
+{
+    m_bright.push_back(pixels);
+    setMouseTracking(true);
+}
+
 void OverlayFloor::freezeAndShow()
 {
     m_picture = m_screen.read();
@@ -54,9 +60,19 @@ void OverlayFloor::mousePressEvent(QMouseEvent* event)
 
 void OverlayFloor::mouseMoveEvent(QMouseEvent* event)
 {
+    const QPoint point = event->position().toPoint();
+    if (event->buttons())
+        return setHole(QRect(m_start, point - QPoint(1, 1)).normalized());
+    for (const QRect& pixels : m_bright)
+        if (pixels.contains(point) && pixels != m_hole)
+            setHole(pixels);
+}
+
+void OverlayFloor::setHole(QRect hole)
+{
     const QRegion oldHole = m_hole;
     const QRegion oldBorder = border();
-    m_hole = QRect(m_start, event->position().toPoint() - QPoint(1, 1)).normalized();
+    m_hole = hole;
     update(oldHole.xored(m_hole) + oldBorder + border());
 }
 

@@ -6,15 +6,19 @@
 #include <QAbstractNativeEventFilter>
 #include <QWidget>
 
-// The least that a Qt program can do between a hot key and a dimmed picture of the screen, and for one step
-// of a region's drag on it: everything is ready beforehand, nothing is decided. Escape hides it. Device
-// pixels; for a screen of scale 1.
+#include <vector>
+
+// The least that a Qt program can do between a hot key and a dimmed picture of the screen, for one step of a
+// region's drag on it and for one move between bright rectangles: everything is ready beforehand, nothing is
+// decided. Escape hides it. Device pixels; for a screen of scale 1.
 class OverlayFloor : public QWidget, private QAbstractNativeEventFilter {
 public:
     OverlayFloor(xcb_connection_t* connection, xcb_keycode_t hotKey);
 
     // False when a key is another program's.
     bool begin();
+    // It becomes the hole while the pointer is over it.
+    void addBright(QRect pixels);
 
 private:
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
@@ -22,6 +26,7 @@ private:
     void mouseMoveEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void freezeAndShow();
+    void setHole(QRect hole);
     QRegion border() const;
 
     xcb_connection_t* m_connection;
@@ -31,4 +36,5 @@ private:
     QImage m_picture;
     QPoint m_start;
     QRect m_hole;
+    std::vector<QRect> m_bright;
 };

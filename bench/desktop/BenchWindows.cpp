@@ -1,0 +1,54 @@
+#include "bench/desktop/BenchWindows.h"
+
+#include "bench/desktop/Stopwatch.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr quint32 kColour = 0xc8d0d8;
+
+}
+
+BenchWindows::BenchWindows(const QString& displayName)
+    : m_server(displayName)
+{
+}
+
+void BenchWindows::open(QRect pixels)
+{
+    create(pixels, false);
+    m_server.sync();
+}
+
+bool BenchWindows::openManaged(int count)
+{
+    const size_t before = m_server.visibleWindows().size();
+    for (int i = 0; i < count; ++i)
+        create({i * 4 % m_server.size().width(), i * 3 % m_server.size().height(), 120, 90}, true);
+    m_server.sync();
+    return std::isfinite(millisecondsUntil({}, [&] {
+        m_server.wakeWindowManager();
+        return m_server.visibleWindows().size() >= before + count;
+    }));
+}
+
+xcb_window_t BenchWindows::create(QRect r, bool isManaged)
+{
+    xcb_connection_t* c = m_server.connection();
+    const xcb_window_t window = xcb_generate_id(c);
+    const quint32 values[] = {kColour, !isManaged};
+    xcb_create_window(c, XCB_COPY_FROM_PARENT, window, m_server.root(), r.x(), r.y(), r.width(), r.height(),
+        0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT,
+        values);
+    setText(window, XCB_ATOM_WM_CLASS, QByteArray("bench\0Bench\0", 12));
+    setText(window, XCB_ATOM_WM_NAME, "A window of the bench");
+    xcb_map_window(c, window);
+    return window;
+}
+
+void BenchWindows::setText(xcb_window_t window, xcb_atom_t property, const QByteArray& text)
+{
+    xcb_change_property(m_server.connection(), XCB_PROP_MODE_REPLACE, window, property, XCB_ATOM_STRING, 8,
+        text.size(), text.constData());
+}
