@@ -110,6 +110,7 @@ TEST(XWindowList, ReadsWhatAWindowTells)
         {"shadow", {numbers("_GTK_FRAME_EXTENTS", {10, 20, 5, 25})}, {{60, 65, 170, 70}, {}, {}, 1}},
         {"shadow as large as the window", {numbers("_GTK_FRAME_EXTENTS", {100, 100, 0, 0})},
             {kPixels, {}, {}, 1}},
+        {"shadow as tall", {numbers("_GTK_FRAME_EXTENTS", {0, 0, 50, 50})}, {kPixels, {}, {}, 1}},
         {"shadow beyond all numbers", {numbers("_GTK_FRAME_EXTENTS", {1, 2, ~0U, 3})}, {kPixels, {}, {}, 1}},
         {"shadow of one side", {numbers("_GTK_FRAME_EXTENTS", {10})}, {kPixels, {}, {}, 1}},
     };
