@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include <random>
+#include <sstream>
 
 namespace {
 
@@ -26,6 +27,7 @@ protected:
                QPoint(20 + below(display.width() - 40), 20 + below(display.height() - 40));
     }
     void choose(QRect display);
+    void drag(QPoint from, QPoint to);
     void move(QRect display);
     void pull(QRect display);
     testing::AssertionResult end(QRect display);
@@ -39,6 +41,7 @@ protected:
     static constexpr QRect kDisplays[] = {{0, 0, 800, 800}, {800, 120, 640, 600}};
     std::unique_ptr<TestWindow> m_windows[2];
     QRect m_region;
+    std::string m_steps; // of the running capture, for a failure's report
     std::minstd_rand m_random{20};
 };
 
@@ -48,14 +51,26 @@ void Random::SetUp()
     ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("LEFT"), kDisplays[0]));
     ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("RIGHT"), kDisplays[1]));
     m_program.setEnvironment(QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QStringLiteral("LEFT=1;RIGHT=1.5"));
-    m_windows[0] = std::make_unique<TestWindow>(m_desktop.displayName(), WindowLook{{100, 540, 300, 150}});
-    m_windows[1] = std::make_unique<TestWindow>(m_desktop.displayName(), WindowLook{{900, 300, 201, 207}, 3});
+    // Without frames, which would show who has the keyboard.
+    m_windows[0] = std::make_unique<TestWindow>(
+        m_desktop.displayName(), WindowLook{{100, 540, 300, 150}, 0, false, true});
+    m_windows[1] = std::make_unique<TestWindow>(
+        m_desktop.displayName(), WindowLook{{900, 300, 201, 207}, 3, false, true});
     ASSERT_TRUE(m_program.startResident());
+}
+
+void Random::drag(QPoint from, QPoint to)
+{
+    std::ostringstream step;
+    step << from.x() << ',' << from.y() << " to " << to.x() << ',' << to.y() << "; ";
+    m_steps += step.str();
+    m_desktop.input().drag(from, to);
 }
 
 // By a click on the display's window or by a drag.
 void Random::choose(QRect display)
 {
+    m_steps.clear();
     if (below(3) == 0) {
         m_region = m_windows[display == kDisplays[1]]->outline();
         m_desktop.input().moveTo(m_region.center());
@@ -65,7 +80,7 @@ void Random::choose(QRect display)
     const QPoint corner = display.topLeft() + QPoint(5, 5); // far from the windows' handles
     m_desktop.input().moveTo(corner);
     const QPoint to = pointOn(display) + QPoint(10, 10);
-    m_desktop.input().drag(corner, to);
+    drag(corner, to);
     m_region = spannedBy(corner, to);
 }
 
@@ -73,7 +88,7 @@ void Random::move(QRect display)
 {
     const QPoint press = m_region.center() + QPoint(13, 13);
     const QPoint to = pointOn(display);
-    m_desktop.input().drag(press, to);
+    drag(press, to);
     const QPoint by = to - press;
     m_region.moveLeft(
         std::clamp(m_region.x() + by.x(), display.x(), display.x() + display.width() - m_region.width()));
@@ -97,7 +112,7 @@ void Random::pull(QRect display)
     const QRect pulled = spannedBy(first, last);
     if (pulled.isEmpty())
         return;
-    m_desktop.input().drag(press, to);
+    drag(press, to);
     m_region = pulled;
 }
 
@@ -155,6 +170,7 @@ TEST_F(Random, CapturesLeaveNothingBehindAndGiveTheRightPixels)
                 break;
             below(2) ? move(kDisplays[display]) : pull(kDisplays[display]);
         }
+        SCOPED_TRACE(m_steps);
         ASSERT_TRUE(end(kDisplays[display]));
         ASSERT_FALSE(m_desktop.server().isKeyboardTaken());
         ASSERT_FALSE(m_desktop.server().isPointerTaken());

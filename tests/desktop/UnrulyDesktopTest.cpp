@@ -73,9 +73,6 @@ TEST_P(UnrulyDesktop, ManyWindowsAndTheirDeathKeepNoCaptureFromStarting)
 
 TEST_P(UnrulyDesktop, AProgramThatHoldsThePointerDelaysTheHandOnly)
 {
-    const QRect left(0, 0, 700, 800), right(700, 0, 580, 800);
-    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("LEFT"), left));
-    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("RIGHT"), right));
     ASSERT_TRUE(m_program.startResident());
     const XClient menu(m_desktop.displayName());
     for (const bool isEndedInTime : {false, true}) {
@@ -84,15 +81,11 @@ TEST_P(UnrulyDesktop, AProgramThatHoldsThePointerDelaysTheHandOnly)
         xcb_grab_pointer(menu.connection(), false, menu.root(), XCB_EVENT_MASK_BUTTON_PRESS,
             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
         menu.sync();
-        ASSERT_TRUE(openOverlay(left));
+        ASSERT_TRUE(openOverlay());
         if (isEndedInTime) {
             xcb_ungrab_pointer(menu.connection(), XCB_CURRENT_TIME);
             menu.sync();
-            m_desktop.input().moveTo({400, 120});
-            QThread::msleep(100);
-            m_desktop.input().moveTo({900, 120});
-            ASSERT_TRUE(m_program.waitForOverlay(m_before, right));
-            EXPECT_TRUE(samePixels(savedRegion({750, 100}, {900, 300}), m_before.copy(750, 100, 150, 200)));
+            EXPECT_TRUE(samePixels(savedRegion({450, 100}, {600, 300}), m_before.copy(450, 100, 150, 200)));
         } else {
             m_desktop.input().chord({Key::Escape});
             ASSERT_TRUE(waitForRest());
