@@ -9,6 +9,7 @@ namespace {
 constexpr uint32_t kTextWords = 64;      // 256 bytes of a title or a name are enough
 constexpr uint32_t kMostTypes = 8;       // a window names several, the best first
 constexpr uint32_t kMostClients = 65536; // words
+constexpr int kMostFrames = 2;           // around a program's window, one in the other
 constexpr double kOpaque = 0xffffffff;   // of an opacity
 
 using PropertyReply = XReply<xcb_get_property_reply_t>;
@@ -80,6 +81,13 @@ std::vector<xcb_window_t> children(xcb_connection_t* connection, xcb_query_tree_
     return {first, first + xcb_query_tree_children_length(reply.get())};
 }
 
+// None when the window is gone.
+xcb_window_t parent(xcb_connection_t* connection, xcb_query_tree_cookie_t cookie)
+{
+    XReply<xcb_query_tree_reply_t> reply(xcb_query_tree_reply(connection, cookie, nullptr));
+    return reply ? reply->parent : xcb_window_t(XCB_NONE);
+}
+
 // Borders included; empty when the window is gone.
 QRect outerPixels(xcb_connection_t* connection, xcb_get_geometry_cookie_t cookie)
 {
@@ -101,7 +109,7 @@ bool isShown(xcb_connection_t* connection, xcb_get_window_attributes_cookie_t co
 
 XWindowList::XWindowList(std::shared_ptr<XConnection> connection)
     : m_x(std::move(connection))
-    , m_clients{m_x->atom("_NET_CLIENT_LIST"), kMostClients}
+    , m_clients{m_x->atom("_NET_CLIENT_LIST_STACKING"), kMostClients}
     , m_dock(m_x->atom("_NET_WM_WINDOW_TYPE_DOCK"))
     , m_questions{{
           {XCB_ATOM_WM_CLASS, kTextWords},
@@ -118,11 +126,7 @@ XWindowList::XWindowList(std::shared_ptr<XConnection> connection)
 
 std::vector<WindowRecord> XWindowList::read() const
 {
-    if (!m_x->isAlive())
-        return {};
-    std::vector<Entry> entries = visibleEntries();
-    findClients(entries);
-    return described(entries);
+    return m_x->isAlive() ? described(visibleEntries()) : std::vector<WindowRecord>();
 }
 
 std::vector<XWindowList::Entry> XWindowList::visibleEntries() const
@@ -130,67 +134,56 @@ std::vector<XWindowList::Entry> XWindowList::visibleEntries() const
     struct Cookies {
         xcb_get_window_attributes_cookie_t attributes;
         xcb_get_geometry_cookie_t geometry;
-        xcb_query_tree_cookie_t tree;
     };
     xcb_connection_t* c = m_x->get();
     const auto askedScreen = xcb_get_geometry(c, m_x->root());
+    const auto askedClients = ask(m_x->root(), m_clients);
     std::vector<xcb_window_t> tops = children(c, xcb_query_tree(c, m_x->root()));
     const QRect screen = outerPixels(c, askedScreen);
+    const std::vector<xcb_window_t> clients = numbers(answer(askedClients));
     std::reverse(tops.begin(), tops.end());
     std::vector<Cookies> asked;
     asked.reserve(tops.size());
     for (const xcb_window_t top : tops)
-        asked.push_back(
-            {xcb_get_window_attributes(c, top), xcb_get_geometry(c, top), xcb_query_tree(c, top)});
+        asked.push_back({xcb_get_window_attributes(c, top), xcb_get_geometry(c, top)});
+    const Insides insides = insidesOf(tops, clients);
     std::vector<Entry> entries;
     for (size_t i = 0; i < tops.size(); ++i) {
         const bool isVisible = isShown(c, asked[i].attributes);
         const QRect pixels = outerPixels(c, asked[i].geometry);
-        std::vector<xcb_window_t> inside = children(c, asked[i].tree);
         if (isVisible && pixels.intersects(screen))
-            entries.push_back({tops[i], tops[i], pixels, std::move(inside)});
+            entries.push_back({tops[i], insides.at(tops[i]), pixels});
     }
     return entries;
 }
 
-// A window manager puts each program's window into a frame, right inside it or one step deeper. Windows that
-// it does not manage, menus among them, tell about themselves. So do all windows when the manager has died
-// and left its list.
-void XWindowList::findClients(std::vector<Entry>& entries) const
+// From each program's window up to the frame on the root: of the few windows around a program that is shorter
+// than down from the root, where a frame may hold dozens. Windows that no manager knows, menus among them,
+// tell about themselves. So do all when the manager has died and left its list.
+XWindowList::Insides XWindowList::insidesOf(
+    const std::vector<xcb_window_t>& tops, const std::vector<xcb_window_t>& clients) const
 {
-    const Clients clients = managedClients();
-    if (clients.empty())
-        return;
-    struct Deeper {
-        Entry* entry;
-        xcb_query_tree_cookie_t tree;
-    };
-    std::vector<Deeper> deeper;
-    for (Entry& entry : entries) {
-        if (clients.contains(entry.top) || takeClient(entry, clients, entry.children))
-            continue;
-        for (const xcb_window_t child : entry.children)
-            deeper.push_back({&entry, xcb_query_tree(m_x->get(), child)});
-    }
-    for (const Deeper& d : deeper)
-        takeClient(*d.entry, clients, children(m_x->get(), d.tree));
+    Insides insides;
+    for (const xcb_window_t top : tops)
+        insides.emplace(top, top);
+    std::vector<xcb_window_t> reached = clients;
+    for (int frame = 0; frame < kMostFrames; ++frame)
+        stepUp(reached, insides);
+    for (size_t i = 0; i < clients.size(); ++i)
+        if (const auto inside = insides.find(reached[i]); inside != insides.end())
+            inside->second = clients[i]; // the highest of several in one frame is the one that shows
+    return insides;
 }
 
-// The highest of several in one frame is the one that shows.
-bool XWindowList::takeClient(Entry& entry, const Clients& clients, const std::vector<xcb_window_t>& windows)
+// To the parent of each window that is not on the root yet.
+void XWindowList::stepUp(std::vector<xcb_window_t>& windows, const Insides& insides) const
 {
-    const auto it = std::find_if(windows.rbegin(), windows.rend(),
-        [&clients](xcb_window_t window) { return clients.contains(window); });
-    if (it != windows.rend())
-        entry.client = *it;
-    return it != windows.rend();
-}
-
-// Empty where no window manager has ever run.
-XWindowList::Clients XWindowList::managedClients() const
-{
-    const std::vector<uint32_t> list = numbers(answer(ask(m_x->root(), m_clients)));
-    return {list.begin(), list.end()};
+    std::vector<std::pair<xcb_window_t*, xcb_query_tree_cookie_t>> asked;
+    for (xcb_window_t& window : windows)
+        if (!insides.contains(window))
+            asked.emplace_back(&window, xcb_query_tree(m_x->get(), window));
+    for (const auto& [window, tree] : asked)
+        *window = parent(m_x->get(), tree);
 }
 
 std::vector<WindowRecord> XWindowList::described(const std::vector<Entry>& entries) const

@@ -5,7 +5,7 @@
 
 #include <array>
 #include <optional>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 // The windows on the root, in their stacking order. Every step asks for all windows at once and then reads
@@ -24,7 +24,6 @@ private:
         xcb_window_t top = XCB_NONE;
         xcb_window_t client = XCB_NONE;
         QRect pixels;
-        std::vector<xcb_window_t> children; // of `top`, the lowest first
     };
     // A property that is read of every window.
     struct Question {
@@ -34,19 +33,19 @@ private:
     };
     enum Fact { Class, Type, Opacity, FrameOpacity, Shadow, Name, OlderName, Process, kFacts };
     using Answers = std::array<XReply<xcb_get_property_reply_t>, kFacts>;
-    using Clients = std::unordered_set<xcb_window_t>;
+    // By the window on the root, the one that tells about it.
+    using Insides = std::unordered_map<xcb_window_t, xcb_window_t>;
 
     std::vector<Entry> visibleEntries() const;
-    void findClients(std::vector<Entry>& entries) const;
-    static bool takeClient(Entry& entry, const Clients& clients, const std::vector<xcb_window_t>& windows);
-    Clients managedClients() const;
+    Insides insidesOf(const std::vector<xcb_window_t>& tops, const std::vector<xcb_window_t>& clients) const;
+    void stepUp(std::vector<xcb_window_t>& windows, const Insides& insides) const;
     std::vector<WindowRecord> described(const std::vector<Entry>& entries) const;
     std::optional<WindowRecord> record(QRect pixels, const Answers& answers) const;
     xcb_get_property_cookie_t ask(xcb_window_t window, const Question& question) const;
     XReply<xcb_get_property_reply_t> answer(xcb_get_property_cookie_t cookie) const;
 
     std::shared_ptr<XConnection> m_x;
-    const Question m_clients; // of the root
+    const Question m_clients; // of the root: what its manager manages, the lowest first
     const xcb_atom_t m_dock;  // a value of Type
     const std::array<Question, kFacts> m_questions;
 };

@@ -73,7 +73,7 @@ public:
     // As a window manager tells it.
     void setClients(const std::vector<quint32>& windows)
     {
-        set(m_client.screen().root, numbers("_NET_CLIENT_LIST", windows, "WINDOW"));
+        set(m_client.screen().root, numbers("_NET_CLIENT_LIST_STACKING", windows, "WINDOW"));
     }
 
 private:
@@ -213,7 +213,7 @@ TEST(XWindowList, TakesTheFramesBoundsAndTheLowerOpacity)
     const xcb_window_t program = server.open({0, 0, 190, 120}, "Tab");
     server.putInto(frame, hidden);
     server.putInto(frame, program);
-    server.setClients({program, hidden});
+    server.setClients({hidden, program});
     for (const auto& c : cases) {
         server.set(frame, numbers("_NET_WM_WINDOW_OPACITY", {c.frame}));
         server.set(program, numbers("_NET_WM_WINDOW_OPACITY", {c.program}));
@@ -288,7 +288,7 @@ TEST(XWindowList, ListsThousands)
     const xcb_window_t last = server.open({0, 0, 10, 10}, "Last");
     server.putInto(server.client().openWindow({5, 5, 30, 30}, 0), last);
     clients.append(reinterpret_cast<const char*>(&last), sizeof last);
-    server.set(server.client().screen().root, {"_NET_CLIENT_LIST", "WINDOW", 32, clients});
+    server.set(server.client().screen().root, {"_NET_CLIENT_LIST_STACKING", "WINDOW", 32, clients});
     const std::vector<WindowRecord> windows = server.read();
     ASSERT_EQ(windows.size(), kWindows + 1);
     EXPECT_EQ(windows.front().owner, QStringLiteral("Last"));
