@@ -15,6 +15,13 @@ BenchWindows::BenchWindows(const QString& displayName)
 {
 }
 
+BenchWindows::~BenchWindows()
+{
+    for (const xcb_window_t window : m_windows)
+        xcb_destroy_window(m_server.connection(), window);
+    m_server.sync();
+}
+
 void BenchWindows::open(QRect pixels)
 {
     create(pixels, false);
@@ -33,7 +40,7 @@ bool BenchWindows::openManaged(int count)
     }));
 }
 
-xcb_window_t BenchWindows::create(QRect r, bool isManaged)
+void BenchWindows::create(QRect r, bool isManaged)
 {
     xcb_connection_t* c = m_server.connection();
     const xcb_window_t window = xcb_generate_id(c);
@@ -44,7 +51,7 @@ xcb_window_t BenchWindows::create(QRect r, bool isManaged)
     setText(window, XCB_ATOM_WM_CLASS, QByteArray("bench\0Bench\0", 12));
     setText(window, XCB_ATOM_WM_NAME, "A window of the bench");
     xcb_map_window(c, window);
-    return window;
+    m_windows.push_back(window);
 }
 
 void BenchWindows::setText(xcb_window_t window, xcb_atom_t property, const QByteArray& text)

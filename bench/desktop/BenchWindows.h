@@ -8,6 +8,7 @@
 class BenchWindows {
 public:
     explicit BenchWindows(const QString& displayName);
+    ~BenchWindows();
 
     // Lies where it is put, above all that is there: no window manager is asked.
     void open(QRect pixels);
@@ -16,8 +17,9 @@ public:
     bool openManaged(int count);
 
 private:
-    xcb_window_t create(QRect pixels, bool isManaged);
+    void create(QRect pixels, bool isManaged);
     void setText(xcb_window_t window, xcb_atom_t property, const QByteArray& text);
 
     XClient m_server;
+    std::vector<xcb_window_t> m_windows;
 };
