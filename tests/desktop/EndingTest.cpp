@@ -129,6 +129,8 @@ TEST_P(Ending, WhatIsTypedRightAfterACaptureReachesTheFormerWindowWhole)
             const xcb_window_t overlay = m_program.overlay();
             e.end(m_desktop.input());
             EXPECT_TRUE(m_desktop.server().waitForHidden(overlay));
+            // A key that ended the capture keeps the keyboard until its release has been heard.
+            EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
             QThread::msleep(pauseMs);
             type(3);
             ASSERT_TRUE(waitForRest());
