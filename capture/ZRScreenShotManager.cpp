@@ -205,20 +205,28 @@ void ZRScreenShotManager::prepareOverlay()
         m_preparedWindow = std::make_unique<ZRStaticScreenShotWindow>(display);
 }
 
+// A movement right before a press or a release may be left out where another one waits behind it, so both
+// count as a movement of their own.
 void ZRScreenShotManager::mouseDown(const ZRMouseEvent& event)
 {
     if (m_isEnding || !isOnOverlay(event.location))
         return;
+    if (AppSettings::canUseWindowRecognize())
+        _updateWindowInfoWithMouseLocation(event.location);
     m_isPressed = true;
+    m_lastLocation = event.location;
     _beginRegionSelect(event.location);
     mScreenShotController.setIsDragView(false);
     updateCursor();
 }
 
-void ZRScreenShotManager::mouseUp(const ZRMouseEvent&)
+void ZRScreenShotManager::mouseUp(const ZRMouseEvent& event)
 {
-    if (m_isEnding || !std::exchange(m_isPressed, false))
+    if (m_isEnding || !m_isPressed)
         return;
+    if (event.location != m_lastLocation)
+        mouseDragged(event);
+    m_isPressed = false;
     _endRegionSelect();
     if (mScreenShotController.isRegionLocked()) {
         mScreenShotController.setIsDragView(false);
@@ -231,6 +239,7 @@ void ZRScreenShotManager::mouseDragged(const ZRMouseEvent& event)
 {
     if (m_isEnding || !m_isPressed)
         return;
+    m_lastLocation = event.location;
     _updateDragPoint(RegionRules::cutToOverlay(event.location, overlaySize().width));
     if (!mScreenShotController.isRegionLocked())
         mScreenShotController.setIsDragView(false);

@@ -100,6 +100,7 @@ private:
     bool mIsCapturing = false;
     ZRScreenShotViewController mScreenShotController;
     ZRPoint mRegionBeginPoint;
+    ZRPoint m_lastLocation;  // of the press or the drag
     unsigned mDirection = 0; // the handle that was pressed, 0 for the body
     std::unique_ptr<ZRStaticScreenShotWindow> mScreenShotEditorWindow;
     std::vector<WindowRecord> windowInfos;

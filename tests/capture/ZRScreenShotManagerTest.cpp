@@ -205,3 +205,22 @@ TEST_F(ZRScreenShotManagerTest, AnOldTimerDoesNotEndANewerCapture)
     EXPECT_TRUE(manager->isCapturing());
     EXPECT_TRUE(manager->frame());
 }
+
+TEST_F(ZRScreenShotManagerTest, TakesAHurriedHandAtItsWord)
+{
+    server().windows = {{QRect(100, 50, 60, 40), QStringLiteral("program"), {}, 1}};
+    start(false);
+    manager->mouseDown({{120, 530}, Qt::LeftButton}); // on the window, with no movement before
+    manager->mouseUp({{120, 530}, Qt::LeftButton});
+    press(Qt::Key_S, Qt::ControlModifier);
+    ASSERT_TRUE(waitForOutcomes(1));
+    EXPECT_EQ(QImage(outcomes[0].path).size(), QSize(60, 40));
+    ASSERT_TRUE(isIdleSoon());
+
+    start(false);
+    manager->mouseDown({{300, 300}, Qt::LeftButton});
+    manager->mouseUp({{330, 320}, Qt::LeftButton}); // with no drag in between
+    press(Qt::Key_S, Qt::ControlModifier);
+    ASSERT_TRUE(waitForOutcomes(2));
+    EXPECT_EQ(QImage(outcomes[1].path).size(), QSize(30, 20));
+}
