@@ -45,14 +45,15 @@ ActiveApplication NativeWorkspace::activeApplication() const
     return application;
 }
 
+// The focus goes back at once, so that no key is lost while the window manager takes its time to raise the
+// window.
 void NativeWorkspace::activate(const ActiveApplication& application)
 {
-    if (application.window && hasWindowManager())
-        askWindowManager(xcb_window_t(application.window));
-    else if (application
-                 .focus) // an event's time may be older than the last change of focus, and then be ignored
+    if (application.focus) // an event's time may be older than the last change of focus, and then be ignored
         m_x->discard(xcb_set_input_focus_checked(
             m_x->get(), XCB_INPUT_FOCUS_PARENT, xcb_window_t(application.focus), XCB_CURRENT_TIME));
+    if (application.window && hasWindowManager())
+        askWindowManager(xcb_window_t(application.window));
     xcb_flush(m_x->get());
 }
 
