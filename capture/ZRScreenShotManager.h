@@ -44,9 +44,8 @@ public:
     // The main display until one was set; not valid when there is none.
     DisplayRecord currentScreen();
     std::optional<ScreenInfo> fistScreenInfo();
-    // What is on the screen now; windowInfos, what was when the capture began, the smallest first.
+    // What is on the screen now, front to back.
     std::vector<WindowRecord> GetWindowInfos() const;
-    const std::vector<WindowRecord>& windowInfosBySize() const { return windowInfos; }
     // The frozen display of the running capture; null outside of one.
     std::shared_ptr<const Frame> frame() const { return m_frame; }
 
@@ -103,7 +102,7 @@ private:
     ZRPoint m_lastLocation;  // of the press or the drag
     unsigned mDirection = 0; // the handle that was pressed, 0 for the body
     std::unique_ptr<ZRStaticScreenShotWindow> mScreenShotEditorWindow;
-    std::vector<WindowRecord> windowInfos;
+    std::vector<WindowRecord> windowInfos; // of the capture's beginning, the smallest first
     std::optional<ScreenInfo> _fistScreenInfo;
     std::optional<DisplayRecord> _currentScreen;
     std::unique_ptr<ZRStaticScreenShotWindow> m_preparedWindow;
