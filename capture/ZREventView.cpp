@@ -1,10 +1,10 @@
 #include "capture/ZREventView.h"
 
-#include "capture/ZRStaticScreenShotWindow.h"
+#include "capture/ScreenCoverWindow.h"
 
-ZREventView::ZREventView(ZRStaticScreenShotWindow& overlay)
-    : View(&overlay)
-    , m_overlay(overlay)
+ZREventView::ZREventView(ScreenCoverWindow& window)
+    : View(&window)
+    , m_window(window)
 {
     setMouseTracking(true);
 }
@@ -12,21 +12,21 @@ ZREventView::ZREventView(ZRStaticScreenShotWindow& overlay)
 void ZREventView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        m_overlay.mouseDown(translated(*event));
+        m_window.mouseDown(translated(*event));
     else if (event->button() == Qt::RightButton)
-        m_overlay.rightMouseDown(translated(*event));
+        m_window.rightMouseDown(translated(*event));
 }
 
 void ZREventView::mouseMoveEvent(QMouseEvent* event)
 {
     if (event->buttons() & Qt::LeftButton)
-        m_overlay.mouseDragged(translated(*event));
+        m_window.mouseDragged(translated(*event));
     else
-        m_overlay.mouseMoved(translated(*event));
+        m_window.mouseMoved(translated(*event));
 }
 
 void ZREventView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        m_overlay.mouseUp(translated(*event));
+        m_window.mouseUp(translated(*event));
 }

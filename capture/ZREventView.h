@@ -2,17 +2,18 @@
 
 #include "customui/View.h"
 
-class ZRStaticScreenShotWindow;
+class ScreenCoverWindow;
 
-// The transparent top layer of the overlay: takes every mouse event and hands it to its window, once.
+// The transparent top layer of a window that covers a display: takes every mouse event and hands it to its
+// window, once.
 class ZREventView : public View {
 public:
-    explicit ZREventView(ZRStaticScreenShotWindow& overlay);
+    explicit ZREventView(ScreenCoverWindow& window);
 
 private:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
-    ZRStaticScreenShotWindow& m_overlay;
+    ScreenCoverWindow& m_window;
 };

@@ -1,0 +1,89 @@
+#include "capture/ScreenCoverWindow.h"
+
+#include "capture/FrozenImageView.h"
+#include "capture/ToolScreen.h"
+#include "capture/ZREventView.h"
+#include "customui/PaintGate.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+#include <QWindow>
+
+ScreenCoverWindow::ScreenCoverWindow(const DisplayRecord& display, const QString& title)
+    : View(nullptr,
+          Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::BypassWindowManagerHint | Qt::Tool)
+    , mScreen(display)
+{
+    setWindowTitle(title);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    if (QScreen* screen = ToolScreen::qtScreen(display)) {
+        setScreen(screen);
+        setGeometry(screen->geometry());
+    }
+    setExactHeight(display.pixels.height() / display.scale);
+    mFullImageView = new FrozenImageView(this);
+    mFullEventView = new ZREventView(*this);
+    for (QWidget* layer : {static_cast<QWidget*>(mFullImageView), static_cast<QWidget*>(mFullEventView)})
+        layer->setGeometry(rect());
+    m_gate = new PaintGate(*this);
+}
+
+ScreenCoverWindow::~ScreenCoverWindow() = default;
+
+void ScreenCoverWindow::addLayer(View& layer)
+{
+    layer.setGeometry(rect());
+    layer.setExactHeight(exactHeight());
+    layer.stackUnder(mFullEventView);
+}
+
+void ScreenCoverWindow::setFrame(std::shared_ptr<const Frame> frame)
+{
+    m_frame = std::move(frame);
+    mFullImageView->setFrame(m_frame);
+}
+
+void ScreenCoverWindow::makeKeyAndOrderFront()
+{
+    m_gate->showUnpainted();
+    raise();
+    activateWindow();
+    setFocus();
+}
+
+void ScreenCoverWindow::presentFrame(WindowServer& server, const Dimming& dimming, const QRegion& chrome)
+{
+    const bool isPresented = m_frame && server.present(*m_frame, *windowHandle(), dimming);
+    m_gate->paint(isPresented ? chrome : QRegion(rect()));
+}
+
+void ScreenCoverWindow::followPointerEverywhere(bool isOn)
+{
+    windowHandle()->setMouseGrabEnabled(isOn);
+}
+
+bool ScreenCoverWindow::isOver(ZRPoint location) const
+{
+    const QPoint pixel = mScreen.localPixels({location.x, location.y, 0, 0}).topLeft();
+    return QRect({0, 0}, mScreen.pixels.size()).contains(pixel);
+}
+
+// Comes for places beside the window only; on it the event layer is above.
+void ScreenCoverWindow::mouseMoveEvent(QMouseEvent* event)
+{
+    mouseMoved(translated(*event));
+}
+
+void ScreenCoverWindow::keyPressEvent(QKeyEvent* event)
+{
+    keyDown(*event);
+}
+
+// Nobody but its owner ends what the window shows.
+void ScreenCoverWindow::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+}

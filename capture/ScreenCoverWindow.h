@@ -1,0 +1,61 @@
+#pragma once
+
+#include "customui/View.h"
+#include "platform/DisplayRecord.h"
+#include "platform/Frame.h"
+#include "platform/WindowServer.h"
+
+#include <QKeyEvent>
+
+#include <memory>
+
+class FrozenImageView;
+class PaintGate;
+class ZREventView;
+
+// A window that covers one display with its frozen picture, above everything else. Layers from below: the
+// frozen picture, what a subclass puts between, the event layer, which takes every mouse event. It may be
+// made long before it is shown: until then it holds no pixels.
+class ScreenCoverWindow : public View {
+public:
+    ScreenCoverWindow(const DisplayRecord& display, const QString& title);
+    ~ScreenCoverWindow() override;
+
+    const DisplayRecord& screenDisplay() const { return mScreen; }
+    // What the window shows from now on; the frame is of this window's display.
+    void setFrame(std::shared_ptr<const Frame> frame);
+    const Frame* frame() const { return m_frame.get(); } // null before one was set
+    // Maps the window, without a picture yet, and takes the focus.
+    void makeKeyAndOrderFront();
+    // While on, the window gets the pointer's movements and presses on other displays too.
+    void followPointerEverywhere(bool isOn);
+    // Whether a location of an event lies on the window's display, decided in device pixels.
+    bool isOver(ZRPoint location) const;
+
+    // Event locations are points of the window; those beside its display lie outside its bounds.
+    virtual void mouseDown(const ZRMouseEvent& event) = 0;
+    virtual void mouseUp(const ZRMouseEvent& event) = 0;
+    virtual void mouseDragged(const ZRMouseEvent& event) = 0;
+    virtual void mouseMoved(const ZRMouseEvent& event) = 0;
+    virtual void rightMouseDown(const ZRMouseEvent& event) = 0;
+    virtual void keyDown(const QKeyEvent& event) = 0;
+
+protected:
+    // Gives a layer the window's size and its place right below the event layer.
+    void addLayer(View& layer);
+    ZREventView& eventLayer() const { return *mFullEventView; }
+    // Puts the picture on the shown window, the server where it can; `chrome`, points of the window, is what
+    // lies on the picture and is painted in any case.
+    void presentFrame(WindowServer& server, const Dimming& dimming, const QRegion& chrome);
+
+private:
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+    const DisplayRecord mScreen;
+    std::shared_ptr<const Frame> m_frame;
+    FrozenImageView* mFullImageView = nullptr;
+    ZREventView* mFullEventView = nullptr;
+    PaintGate* m_gate = nullptr;
+};
