@@ -8,12 +8,14 @@
 #include "settings/SettingsKeys.h"
 #include "settings/UserDefaults.h"
 #include "settings/ValueRules.h"
+#include "settings/ZRParserManager.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
+#include <QSet>
 #include <QStandardPaths>
 
 #include <array>
@@ -73,6 +75,16 @@ void storeArchive(const QString& key, const QVariant& value)
 std::optional<ScreenInfo> storedScreen(const QString& key)
 {
     return ScreenInfo::decoded(storedArchive(key).toMap());
+}
+
+void logMissingText(const QString& keywords, const QString& language)
+{
+    static QSet<QString> logged;
+    const QString place = language + QLatin1Char('/') + keywords;
+    if (logged.contains(place))
+        return;
+    logged.insert(place);
+    CommLog::log(QStringLiteral("the language %1 has no text for \"%2\""), language, keywords);
 }
 
 void storeScreen(const QString& key, const std::optional<ScreenInfo>& screen)
@@ -315,6 +327,31 @@ QString AppSettings::onlineLanguage()
 void AppSettings::setOnlineLanguage(const QString& language)
 {
     s_onlineLanguage = language;
+}
+
+QString AppSettings::getXMLValueForKey(QStringView key, QStringView xmlIdentifier)
+{
+    return ZRParserManager::getValueForKey(key, xmlIdentifier);
+}
+
+QString AppSettings::getXMLValueForkey(
+    QStringView key, std::span<const QStringView> withSuperKeys, QStringView parserIdentifier)
+{
+    return ZRParserManager::getValueForkey(key, withSuperKeys, parserIdentifier);
+}
+
+QStringList AppSettings::getXMLValuesForKey(QStringView key, QStringView parserIdentifier)
+{
+    return ZRParserManager::getValuesForKey(key, parserIdentifier);
+}
+
+QString AppSettings::getXMLValueForKeywords(QStringView keywords)
+{
+    const QString language = ClientLanguage();
+    QString text = ZRParserManager::getValueForKeywords(keywords, language);
+    if (text.isNull())
+        logMissingText(keywords.toString(), language);
+    return text;
 }
 
 std::optional<ScreenInfo> AppSettings::getCurrentScreenInfo()

@@ -9,10 +9,12 @@
 #include <QPointF>
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 #include <QVariant>
 
 #include <functional>
 #include <optional>
+#include <span>
 
 class LoginItem;
 class NamedHotKeys;
@@ -83,6 +85,14 @@ public:
     // In memory only.
     static QString onlineLanguage();
     static void setOnlineLanguage(const QString& language);
+
+    // The texts of the languages that were read, as XMLParser.h has it; null where there is none.
+    static QString getXMLValueForKey(QStringView key, QStringView xmlIdentifier);
+    static QString getXMLValueForkey(
+        QStringView key, std::span<const QStringView> withSuperKeys, QStringView parserIdentifier);
+    static QStringList getXMLValuesForKey(QStringView key, QStringView parserIdentifier);
+    // The text of the current language, as "Comm:About". One that is missing is logged, once.
+    static QString getXMLValueForKeywords(QStringView keywords);
 
     // The display being captured and the first display; nothing removes the record.
     static std::optional<ScreenInfo> getCurrentScreenInfo();
