@@ -4,7 +4,7 @@
 #   scripts/dependencies.sh bench    to measure as well
 set -eu
 
-build="cmake ninja-build g++ pkg-config qt6-base-dev libgl-dev
+build="cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libgl-dev
     libxcb1-dev libxcb-shm0-dev libxcb-randr0-dev
     libplist-dev libdeflate-dev libjpeg62-turbo-dev libtiff-dev libgif-dev
     libgtest-dev libxcb-xtest0-dev"
