@@ -43,6 +43,21 @@ constexpr std::array<Modifier, 4> kModifiers{{
     {QLatin1String("cmd"), 0x100000},
 }};
 
+struct Link {
+    const QString* key;
+    QString CommAppInfo::*field;
+};
+constexpr std::array<Link, 8> kLinks{{
+    {&kHomeLink, &CommAppInfo::homeURL},
+    {&kSupportLink, &CommAppInfo::supportURL},
+    {&kFAQLink, &CommAppInfo::FAQURL},
+    {&kForumLink, &CommAppInfo::forumURL},
+    {&kProductLink, &CommAppInfo::productURL},
+    {&kVideoRecorderLink, &CommAppInfo::videoRecorderURL},
+    {&kFeedbackLink, &CommAppInfo::feedbackURL},
+    {&kUpdateLink, &CommAppInfo::updateURL},
+}};
+
 Workspace* s_workspace = nullptr;
 LoginItem* s_loginItem = nullptr;
 NamedHotKeys* s_hotKeys = nullptr;
@@ -439,6 +454,46 @@ QScreen* AppSettings::firstScreen()
     return QGuiApplication::screens().value(0);
 }
 
+CommAppInfo AppSettings::getCommAppInfo()
+{
+    CommAppInfo info;
+    info.appID = AppID();
+    info.appLanguage = ClientLanguage();
+    info.appType = AppVersionTypeString();
+    info.appVersion = ClientVersion();
+    info.appIcon = QStringLiteral("Icon256x256");
+    info.appIdentifier = AppBundleId();
+    info.appLocalizedName = AppIdentify();
+    for (const Link& link : kLinks)
+        info.*link.field = storedText(*link.key).value_or(QString()).trimmed();
+    return info;
+}
+
+QString AppSettings::ClientName()
+{
+    return getCommAppInfo().appLocalizedName;
+}
+
+QString AppSettings::ClientCopyright()
+{
+    return getXMLValueForKeywords(u"Lumora:About:Copyright");
+}
+
+QString AppSettings::forumURL()
+{
+    return getCommAppInfo().forumURL;
+}
+
+QString AppSettings::onlineHelpURL()
+{
+    return getCommAppInfo().supportURL;
+}
+
+QString AppSettings::FAQUrl()
+{
+    return getCommAppInfo().FAQURL;
+}
+
 QString AppSettings::screenshotName()
 {
     const QDateTime now = QDateTime::currentDateTime();
@@ -450,10 +505,8 @@ QString AppSettings::choosedScreenshotSavePath()
     QString chosen = storedText(kSavePath).value_or(QString());
     if (!chosen.isEmpty())
         return chosen;
-    QString folder = defaultChooseScreenshotSavePath();
-    if (!QFile::exists(folder) && QDir().mkpath(folder))
-        setScreenshotSavePath(folder);
-    return folder;
+    checkDefaultPicturesSavePath();
+    return defaultChooseScreenshotSavePath();
 }
 
 void AppSettings::setScreenshotSavePath(const QString& folder)
@@ -465,6 +518,13 @@ QString AppSettings::defaultChooseScreenshotSavePath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation) + QLatin1Char('/') +
            AppIdentify();
+}
+
+void AppSettings::checkDefaultPicturesSavePath()
+{
+    const QString folder = defaultChooseScreenshotSavePath();
+    if (!QFile::exists(folder) && QDir().mkpath(folder))
+        setScreenshotSavePath(folder);
 }
 
 QString AppSettings::screenshotSavePath()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commonutils/CommAppInfo.h"
 #include "platform/ScreenInfo.h"
 #include "platform/Workspace.h"
 
@@ -115,6 +116,15 @@ public:
     // Null when there is none.
     static QScreen* firstScreen();
 
+    // The facts above with the current language and the links of the settings.
+    static CommAppInfo getCommAppInfo();
+    static QString ClientName();
+    static QString ClientCopyright();
+    // Empty when none is configured.
+    static QString forumURL();
+    static QString onlineHelpURL();
+    static QString FAQUrl();
+
     // "Screenshot" and the local time to the millisecond, without an extension.
     static QString screenshotName();
     // The folder that the user chose, else the default one, which is then made and remembered. A folder that
@@ -122,6 +132,9 @@ public:
     static QString choosedScreenshotSavePath();
     static void setScreenshotSavePath(const QString& folder);
     static QString defaultChooseScreenshotSavePath();
+    // Makes the default folder where there is none. Kept: a folder made so becomes the save folder, also
+    // where the user had chosen another.
+    static void checkDefaultPicturesSavePath();
     // The file that a capture of this moment goes to.
     static QString screenshotSavePath();
 

@@ -23,4 +23,14 @@ inline const QString kCurrentScreen = QStringLiteral("screenshot.userdefault.scr
 inline const QString kFirstScreen = QStringLiteral("screenshot.userdefault.fistscreeninfo");
 inline const QString kToolTipDelay = QStringLiteral("NSInitialToolTipDelay"); // milliseconds
 
+// Links to web pages; an absent or empty one is not offered.
+inline const QString kHomeLink = QStringLiteral("linkHome");
+inline const QString kSupportLink = QStringLiteral("linkSupport");
+inline const QString kFAQLink = QStringLiteral("linkFAQ");
+inline const QString kForumLink = QStringLiteral("linkForum");
+inline const QString kProductLink = QStringLiteral("linkProduct");
+inline const QString kVideoRecorderLink = QStringLiteral("linkVideoRecorder");
+inline const QString kFeedbackLink = QStringLiteral("linkFeedback");
+inline const QString kUpdateLink = QStringLiteral("linkUpdate");
+
 }

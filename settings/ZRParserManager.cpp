@@ -42,6 +42,12 @@ const XMLParser* ZRParserManager::getParserWithIdentifier(QStringView identifier
     return found == parsers().end() ? nullptr : found->get();
 }
 
+void ZRParserManager::removeParserWithIdentifier(QStringView identifier)
+{
+    std::erase_if(
+        parsers(), [identifier](const auto& parser) { return parser->identifiter() == identifier; });
+}
+
 void ZRParserManager::clearCache()
 {
     parsers().clear();

@@ -20,8 +20,9 @@ public:
     // had.
     static bool parseWithFilePath(const QString& path, XMLError* error);
     static bool isExistWithParserIdentifier(QStringView identifier);
-    // Null when there is none; lives until clearCache().
+    // Null when there is none; lives until it is removed.
     static const XMLParser* getParserWithIdentifier(QStringView identifier);
+    static void removeParserWithIdentifier(QStringView identifier);
     static void clearCache();
 
     // As the parser of that identifier answers.

@@ -131,6 +131,31 @@ TEST_F(Settings, MakeAndRememberTheDefaultSaveFolderOnce)
     const QRegularExpression expected(
         QStringLiteral("^/chosen/Screenshot \\d{4}-\\d\\d-\\d\\d_\\d\\d-\\d\\d-\\d\\d-\\d{3}\\.png$"));
     EXPECT_TRUE(expected.match(AppSettings::screenshotSavePath()).hasMatch());
+    AppSettings::checkDefaultPicturesSavePath();
+    EXPECT_EQ(m_store->objectForKey(kSavePath), QStringLiteral("/chosen"));
+    ASSERT_TRUE(QDir().rmdir(folder));
+    AppSettings::checkDefaultPicturesSavePath();
+    EXPECT_EQ(m_store->objectForKey(kSavePath), folder) << "made anew, it is the save folder again";
+}
+
+TEST_F(Settings, FillTheApplicationsRecordWithTheLinksThatAreConfigured)
+{
+    AppSettings::setClientLanguage(QStringLiteral("Greek"));
+    m_store->registerDefaults({{kForumLink, QStringLiteral("https://forum")}, {kFAQLink, QString()}});
+    AppSettings::saveToUserDefaultsForKeyObjectValue(kSupportLink, QStringLiteral(" https://help\n"));
+    CommAppInfo expected;
+    expected.appID = 52;
+    expected.appLanguage = QStringLiteral("Greek");
+    expected.appType = QStringLiteral("saas-screenshot");
+    expected.appVersion = AppSettings::ClientVersion();
+    expected.appIcon = QStringLiteral("Icon256x256");
+    expected.appIdentifier = QStringLiteral("com.Lumora.Screenshot");
+    expected.appLocalizedName = QStringLiteral("Lumora Mac Screenshot");
+    expected.forumURL = QStringLiteral("https://forum");
+    expected.supportURL = QStringLiteral("https://help");
+    EXPECT_EQ(AppSettings::getCommAppInfo(), expected);
+    EXPECT_EQ(AppSettings::onlineHelpURL(), expected.supportURL);
+    EXPECT_EQ(AppSettings::FAQUrl(), QString());
 }
 
 TEST_F(Settings, RegisterTheDefaultsFileAndSurviveItsAbsence)
