@@ -60,11 +60,6 @@ void ScreenCoverWindow::presentFrame(WindowServer& server, const Dimming& dimmin
     m_gate->paint(isPresented ? chrome : QRegion(rect()));
 }
 
-void ScreenCoverWindow::followPointerEverywhere(bool isOn)
-{
-    windowHandle()->setMouseGrabEnabled(isOn);
-}
-
 bool ScreenCoverWindow::isOver(ZRPoint location) const
 {
     const QPoint pixel = mScreen.localPixels({location.x, location.y, 0, 0}).topLeft();

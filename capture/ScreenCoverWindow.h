@@ -27,8 +27,6 @@ public:
     const Frame* frame() const { return m_frame.get(); } // null before one was set
     // Maps the window, without a picture yet, and takes the focus.
     void makeKeyAndOrderFront();
-    // While on, the window gets the pointer's movements and presses on other displays too.
-    void followPointerEverywhere(bool isOn);
     // Whether a location of an event lies on the window's display, decided in device pixels.
     bool isOver(ZRPoint location) const;
 

@@ -136,7 +136,7 @@ void ZRScreenShotManager::openOverlay()
     if (m_isEnding) // the keyboard was refused
         return;
     mScreenShotEditorWindow->showFrame(*m_platform.windowServer);
-    mScreenShotEditorWindow->followPointerEverywhere(true);
+    m_platform.inputGrab->grabPointer(*mScreenShotEditorWindow->windowHandle());
     updateCursor();
     storeScreens();
 }
@@ -230,7 +230,7 @@ void ZRScreenShotManager::mouseUp(const ZRMouseEvent& event)
     _endRegionSelect();
     if (mScreenShotController.isRegionLocked()) {
         mScreenShotController.setIsDragView(false);
-        mScreenShotEditorWindow->followPointerEverywhere(false);
+        m_platform.inputGrab->releasePointer();
     }
     updateCursor();
 }
@@ -396,7 +396,7 @@ void ZRScreenShotManager::stopScreenShot()
     ZRScreenShotSetting::clear();
     AppSettings::restoreLastRunningAndActiveApp(); // before the keyboard is free: no key goes astray
     scheduleClear();
-    releaseKeyboard();
+    releaseInput();
     closeScreenShotWindow();
     m_frame.reset();
     AppSettings::setCurrentScreenInfo(std::nullopt);
@@ -412,8 +412,9 @@ void ZRScreenShotManager::scheduleClear()
     });
 }
 
-void ZRScreenShotManager::releaseKeyboard()
+void ZRScreenShotManager::releaseInput()
 {
+    m_platform.inputGrab->releasePointer();
     if (m_isEndedByKey)
         m_platform.inputGrab->releaseWithKey();
     else

@@ -90,7 +90,7 @@ private:
     ZRSize overlaySize() const; // points
     void updateCursor();
 
-    void releaseKeyboard();
+    void releaseInput();
     void scheduleClear();
     void displaysChanged();
 

@@ -6,7 +6,8 @@
 #include <functional>
 
 // The keyboard, taken for one window while a capture runs, so that no key reaches another program, the window
-// manager included. Main thread only.
+// manager included; and the pointer, taken while the window has to know what it does elsewhere. Main thread
+// only.
 class InputGrab {
 public:
     virtual ~InputGrab() = default;
@@ -22,6 +23,13 @@ public:
     virtual void release() = 0;
     // True from the moment that the keyboard is ours.
     virtual bool holdsKeyboard() const = 0;
+
+    // Gives a shown window the pointer's movements and buttons, wherever on the screen it is. Where another
+    // program holds it, tries again until releasePointer() or until the window goes; nobody is told.
+    virtual void grabPointer(const QWindow& window) = 0;
+    virtual void releasePointer() = 0;
+    // True from the moment that the pointer is ours.
+    virtual bool holdsPointer() const = 0;
 
     std::function<void(const QString& reason)> onRefused;
 };

@@ -26,6 +26,7 @@ QString reasonOf(uint8_t status)
 
 NativeInputGrab::NativeInputGrab(std::shared_ptr<XConnection> connection)
     : m_x(std::move(connection))
+    , m_pointer(m_x)
 {
     for (QTimer* timer : {&m_retry, &m_limit})
         timer->setSingleShot(true);

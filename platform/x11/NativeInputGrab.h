@@ -1,11 +1,12 @@
 #pragma once
 
 #include "platform/InputGrab.h"
-#include "platform/x11/XConnection.h"
+#include "platform/x11/XPointerGrab.h"
 
 #include <QTimer>
 
-// An active keyboard grab. A window of one pixel, mapped only for that, keeps it for releaseWithKey.
+// Active grabs. A window of one pixel, mapped only for that, keeps the keyboard for
+// releaseWithKey.
 class NativeInputGrab final : public InputGrab, private XEventListener {
 public:
     explicit NativeInputGrab(std::shared_ptr<XConnection> connection);
@@ -15,6 +16,9 @@ public:
     void releaseWithKey() override;
     void release() override;
     bool holdsKeyboard() const override { return m_holder != XCB_NONE; }
+    void grabPointer(const QWindow& window) override { m_pointer.take(xcb_window_t(window.winId())); }
+    void releasePointer() override { m_pointer.release(); }
+    bool holdsPointer() const override { return m_pointer.isHeld(); }
 
 private:
     void handleEvent(const xcb_generic_event_t& event) override;
@@ -26,6 +30,7 @@ private:
     void endWithKey(const xcb_key_release_event_t& event);
 
     std::shared_ptr<XConnection> m_x;
+    XPointerGrab m_pointer;
     xcb_window_t m_wanted = XCB_NONE; // asked for and not granted yet
     xcb_window_t m_holder = XCB_NONE; // has the keyboard
     xcb_window_t m_keeper = XCB_NONE; // the kept window; made at its first use

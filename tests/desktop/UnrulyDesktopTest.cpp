@@ -73,27 +73,35 @@ TEST_P(UnrulyDesktop, ManyWindowsAndTheirDeathKeepNoCaptureFromStarting)
 
 TEST_P(UnrulyDesktop, AProgramThatHoldsThePointerDelaysTheHandOnly)
 {
+    const QRect left(0, 0, 700, 800), right(700, 0, 580, 800);
+    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("LEFT"), left));
+    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("RIGHT"), right));
     ASSERT_TRUE(m_program.startResident());
     const XClient menu(m_desktop.displayName());
-    for (const bool isEndedInTime : {false, true}) {
-        SCOPED_TRACE(isEndedInTime);
+    const int kForever = -1;
+    for (const int heldMs : {kForever, 0, 2500}) {
+        SCOPED_TRACE(heldMs);
         m_desktop.input().moveTo({300, 100});
         xcb_grab_pointer(menu.connection(), false, menu.root(), XCB_EVENT_MASK_BUTTON_PRESS,
             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
         menu.sync();
-        ASSERT_TRUE(openOverlay());
-        if (isEndedInTime) {
-            xcb_ungrab_pointer(menu.connection(), XCB_CURRENT_TIME);
-            menu.sync();
-            EXPECT_TRUE(samePixels(savedRegion({450, 100}, {600, 300}), m_before.copy(450, 100, 150, 200)));
-        } else {
+        ASSERT_TRUE(openOverlay(left));
+        if (heldMs == kForever) {
             m_desktop.input().chord({Key::Escape});
             ASSERT_TRUE(waitForRest());
             EXPECT_FALSE(m_desktop.server().isKeyboardTaken());
             EXPECT_TRUE(m_desktop.server().isPointerTaken());
+            continue;
         }
+        QThread::msleep(heldMs);
+        xcb_ungrab_pointer(menu.connection(), XCB_CURRENT_TIME);
+        menu.sync();
+        ASSERT_TRUE(waitUntil([this] { return m_desktop.server().isPointerTaken(); }));
+        m_desktop.input().moveTo(right.center());
+        ASSERT_TRUE(m_program.waitForOverlay(m_before, right));
+        EXPECT_TRUE(samePixels(savedRegion({750, 100}, {900, 300}), m_before.copy(750, 100, 150, 200)));
+        EXPECT_FALSE(m_desktop.server().isPointerTaken());
     }
-    EXPECT_FALSE(m_desktop.server().isPointerTaken());
 }
 
 TEST_P(UnrulyDesktop, AScreenLockedByAKeyboardGrabRefusesTheCapture)

@@ -2,7 +2,7 @@
 
 #include "platform/InputGrab.h"
 
-// A keyboard that is granted at once, or refused.
+// A keyboard that is granted at once, or refused; a pointer that is granted.
 class FakeInputGrab final : public InputGrab {
 public:
     void grabKeyboard(const QWindow&) override
@@ -24,10 +24,14 @@ public:
         holds = isKept = false;
     }
     bool holdsKeyboard() const override { return holds; }
+    void grabPointer(const QWindow&) override { holdsThePointer = true; }
+    void releasePointer() override { holdsThePointer = false; }
+    bool holdsPointer() const override { return holdsThePointer; }
 
     QString refusal; // not empty: the keyboard is not granted, for this reason
     bool holds = false;
     bool isKept = false; // until a test calls release()
+    bool holdsThePointer = false;
     int grabs = 0;
     int releasesWithKey = 0;
     int releases = 0;

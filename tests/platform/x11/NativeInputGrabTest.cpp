@@ -133,3 +133,46 @@ TEST_F(NativeInputGrabTest, KnowsThatAHiddenWindowLosesIt)
     m_overlay.hide();
     EXPECT_TRUE(waitFor([this] { return !m_grab.holdsKeyboard(); }, 200));
 }
+
+TEST_F(NativeInputGrabTest, TakesThePointerAndGivesItBack)
+{
+    m_grab.grabPointer(m_overlay);
+    EXPECT_TRUE(m_grab.holdsPointer());
+    EXPECT_FALSE(m_other.grabPointer());
+    m_grab.releasePointer();
+    EXPECT_FALSE(m_grab.holdsPointer());
+    EXPECT_TRUE(waitFor([this] { return m_other.grabPointer(); }, 200));
+}
+
+TEST_F(NativeInputGrabTest, WaitsForAProgramThatHoldsThePointer)
+{
+    m_user.movePointer({120, 120}); // over the overlay
+    for (const int ms : {100, 2500}) {
+        SCOPED_TRACE(ms);
+        ASSERT_TRUE(waitFor([this] { return m_other.grabPointer(); }, 200));
+        m_grab.grabPointer(m_overlay);
+        letPass(ms);
+        EXPECT_FALSE(m_grab.holdsPointer());
+        m_other.ungrabPointer();
+        EXPECT_TRUE(waitFor([this] { return m_grab.holdsPointer(); }, 200));
+        EXPECT_FALSE(m_other.grabPointer());
+        m_grab.releasePointer();
+    }
+}
+
+TEST_F(NativeInputGrabTest, AsksForThePointerNoLongerThanTheWindowShows)
+{
+    for (const bool isHeld : {true, false}) {
+        SCOPED_TRACE(isHeld);
+        m_overlay.show();
+        ASSERT_TRUE(isHeld || waitFor([this] { return m_other.grabPointer(); }, 200));
+        m_grab.grabPointer(m_overlay);
+        EXPECT_EQ(m_grab.holdsPointer(), isHeld);
+        m_overlay.hide();
+        letPass(50);
+        m_other.ungrabPointer();
+        m_overlay.show();
+        letPass(50);
+        EXPECT_FALSE(m_grab.holdsPointer());
+    }
+}

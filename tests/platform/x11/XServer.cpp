@@ -96,6 +96,13 @@ void XClient::release(xcb_keycode_t key)
     sendKey(XCB_KEY_RELEASE, key);
 }
 
+void XClient::movePointer(QPoint pixel)
+{
+    xcb_test_fake_input(m_connection, XCB_MOTION_NOTIFY, false, XCB_CURRENT_TIME, m_screen->root,
+        int16_t(pixel.x()), int16_t(pixel.y()), 0);
+    sync();
+}
+
 xcb_window_t XClient::openWindow(const QRect& r, uint32_t colour, bool isManaged)
 {
     const xcb_window_t window = xcb_generate_id(m_connection);
@@ -139,6 +146,19 @@ bool XClient::grabKeyboard()
 void XClient::ungrabKeyboard()
 {
     xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
+    sync();
+}
+
+bool XClient::grabPointer()
+{
+    const auto cookie = xcb_grab_pointer(m_connection, false, m_screen->root, 0, XCB_GRAB_MODE_ASYNC,
+        XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+    return answer(xcb_grab_pointer_reply(m_connection, cookie, nullptr))->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+void XClient::ungrabPointer()
+{
+    xcb_ungrab_pointer(m_connection, XCB_CURRENT_TIME);
     sync();
 }
 

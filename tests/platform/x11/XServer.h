@@ -50,6 +50,8 @@ public:
     // Moves the real key. All keys are let go with the client.
     void press(xcb_keycode_t key);
     void release(xcb_keycode_t key);
+    // Moves the real pointer, to a pixel of the root window.
+    void movePointer(QPoint pixel);
     // A mapped window of one colour, which hears keys.
     xcb_window_t openWindow(const QRect& pixels, uint32_t colour, bool isManaged = false);
     void focus(xcb_window_t window);
@@ -58,6 +60,8 @@ public:
     int takePresses();
     bool grabKeyboard();
     void ungrabKeyboard();
+    bool grabPointer();
+    void ungrabPointer();
     // False when another client has it.
     bool grabKey(xcb_keycode_t key, uint16_t modifiers);
     void ungrabKey(xcb_keycode_t key, uint16_t modifiers);

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/x11/XConnection.h"
+
+#include <QTimer>
+
+// An active grab of the pointer for one window of ours. While another program holds the pointer it is asked
+// for again and again for two seconds, afterwards when an event tells that the pointer came to a window of
+// ours.
+class XPointerGrab final : private XEventListener {
+public:
+    explicit XPointerGrab(std::shared_ptr<XConnection> connection);
+    ~XPointerGrab();
+
+    // The window is mapped. Forgotten when it goes.
+    void take(xcb_window_t window);
+    void release();
+    bool isHeld() const { return m_window != XCB_NONE && m_isGranted; }
+
+private:
+    void handleEvent(const xcb_generic_event_t& event) override;
+    bool isArrival(const xcb_generic_event_t& event) const;
+    void tryToTake();
+    bool isGrantedNow() const;
+
+    std::shared_ptr<XConnection> m_x;
+    const int m_inputEvents;          // the opcode of the input extension; 0 without it
+    xcb_window_t m_window = XCB_NONE; // asked for
+    bool m_isGranted = false;
+    int m_attemptsLeft = 0;
+    QTimer m_retry;
+};
