@@ -22,6 +22,7 @@ inline const QString kImageQuality = QStringLiteral("userNeedImageQuality");
 inline const QString kCurrentScreen = QStringLiteral("screenshot.userdefault.screeninfo");
 inline const QString kFirstScreen = QStringLiteral("screenshot.userdefault.fistscreeninfo");
 inline const QString kToolTipDelay = QStringLiteral("NSInitialToolTipDelay"); // milliseconds
+inline const QString kLastPicks = QStringLiteral("colorWindowLastPicks");
 
 // Links to web pages; an absent or empty one is not offered.
 inline const QString kHomeLink = QStringLiteral("linkHome");
