@@ -137,6 +137,7 @@ void ZRScreenShotManager::openOverlay()
         return;
     mScreenShotEditorWindow->showFrame(*m_platform.windowServer);
     m_platform.inputGrab->grabPointer(*mScreenShotEditorWindow->windowHandle());
+    m_platform.frontKeeper->keepInFront(*mScreenShotEditorWindow->windowHandle());
     updateCursor();
     storeScreens();
 }
@@ -414,6 +415,7 @@ void ZRScreenShotManager::scheduleClear()
 
 void ZRScreenShotManager::releaseInput()
 {
+    m_platform.frontKeeper->release();
     m_platform.inputGrab->releasePointer();
     if (m_isEndedByKey)
         m_platform.inputGrab->releaseWithKey();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Displays.h"
+#include "platform/FrontKeeper.h"
 #include "platform/HotKeys.h"
 #include "platform/InputGrab.h"
 #include "platform/LoginItem.h"
@@ -16,6 +17,7 @@ struct Platform {
     std::unique_ptr<WindowServer> windowServer;
     std::unique_ptr<HotKeys> hotKeys;
     std::unique_ptr<InputGrab> inputGrab;
+    std::unique_ptr<FrontKeeper> frontKeeper;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<LoginItem> loginItem;
 };

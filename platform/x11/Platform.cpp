@@ -2,6 +2,7 @@
 
 #include "platform/x11/DesktopRules.h"
 #include "platform/x11/NativeDisplays.h"
+#include "platform/x11/NativeFrontKeeper.h"
 #include "platform/x11/NativeHotKeys.h"
 #include "platform/x11/NativeInputGrab.h"
 #include "platform/x11/NativeLoginItem.h"
@@ -50,6 +51,7 @@ Platform makePlatform()
     platform.displays = std::move(displays);
     platform.hotKeys = std::make_unique<NativeHotKeys>(x);
     platform.inputGrab = std::make_unique<NativeInputGrab>(x);
+    platform.frontKeeper = std::make_unique<NativeFrontKeeper>(x);
     platform.workspace = std::make_unique<NativeWorkspace>(x);
     platform.loginItem = std::make_unique<NativeLoginItem>(QCoreApplication::applicationFilePath());
     return platform;

@@ -75,6 +75,12 @@ xcb_atom_t XConnection::atom(const char* name) const
     return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
 }
 
+bool XConnection::owns(xcb_window_t window) const
+{
+    const xcb_setup_t* setup = xcb_get_setup(m_connection);
+    return setup && (window & ~setup->resource_id_mask) == setup->resource_id_base;
+}
+
 bool XConnection::isKeyDown(xcb_keycode_t key) const
 {
     XReply<xcb_query_keymap_reply_t> map(
@@ -102,5 +108,16 @@ bool XConnection::nativeEventFilter(const QByteArray&, void* message, qintptr*)
     // By index: a listener may add another while it is called.
     for (size_t i = 0; i < m_listeners.size(); ++i)
         m_listeners[i]->handleEvent(*static_cast<const xcb_generic_event_t*>(message));
-    return false;
+    return isOfRootsChild(*static_cast<const xcb_generic_event_t*>(message));
+}
+
+// Qt is not told: it would take what happens to a window on the root for a change of the screens.
+bool XConnection::isOfRootsChild(const xcb_generic_event_t& event) const
+{
+    const int type = typeOf(event);
+    if (type < XCB_CREATE_NOTIFY || type > XCB_CIRCULATE_NOTIFY)
+        return false;
+    // The first two fields are the same for all of them: where it was heard, and what it is about.
+    const auto& change = reinterpret_cast<const xcb_unmap_notify_event_t&>(event);
+    return change.event == root() && change.window != root();
 }

@@ -43,6 +43,8 @@ public:
     // Null when the server lacks it. Requests of a missing extension break the connection: ask first.
     const xcb_query_extension_reply_t* extension(xcb_extension_t* id) const;
     xcb_atom_t atom(const char* name) const;
+    // Whether the window was made over this connection.
+    bool owns(xcb_window_t window) const;
     // Physically down now, whoever gets the key's events.
     bool isKeyDown(xcb_keycode_t key) const;
     // Sends a request whose failure means nothing to us.
@@ -53,6 +55,8 @@ public:
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
 private:
+    bool isOfRootsChild(const xcb_generic_event_t& event) const;
+
     xcb_connection_t* const m_connection;
     const xcb_screen_t* m_screen = nullptr;
     std::vector<XEventListener*> m_listeners;

@@ -71,6 +71,22 @@ TEST_P(UnrulyDesktop, ManyWindowsAndTheirDeathKeepNoCaptureFromStarting)
     }
 }
 
+TEST_P(UnrulyDesktop, AWindowThatComesDuringACaptureLiesBelowTheOverlay)
+{
+    ASSERT_TRUE(m_program.startResident());
+    for (const bool isOverrideRedirect : {true, false}) {
+        SCOPED_TRACE(isOverrideRedirect);
+        ASSERT_TRUE(openOverlay());
+        const QImage shown = m_desktop.settledScreen();
+        const TestWindow window(
+            m_desktop.displayName(), {{800, 400, 200, 150}, 0, isOverrideRedirect, true, nullptr, {}});
+        EXPECT_TRUE(
+            waitUntil([this] { return m_desktop.server().visibleWindows().back() == m_program.overlay(); }));
+        EXPECT_TRUE(samePixels(m_desktop.settledScreen(), shown));
+        EXPECT_TRUE(samePixels(savedRegion({850, 420}, {950, 500}), m_before.copy(850, 420, 100, 80)));
+    }
+}
+
 TEST_P(UnrulyDesktop, AProgramThatHoldsThePointerDelaysTheHandOnly)
 {
     const QRect left(0, 0, 700, 800), right(700, 0, 580, 800);

@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 #include "tests/fakes/FakeDisplays.h"
+#include "tests/fakes/FakeFrontKeeper.h"
 #include "tests/fakes/FakeHotKeys.h"
 #include "tests/fakes/FakeInputGrab.h"
 #include "tests/fakes/FakeLoginItem.h"
@@ -17,6 +18,7 @@ inline Platform makeFakePlatform()
     platform.windowServer = std::make_unique<FakeWindowServer>();
     platform.hotKeys = std::make_unique<FakeHotKeys>();
     platform.inputGrab = std::make_unique<FakeInputGrab>();
+    platform.frontKeeper = std::make_unique<FakeFrontKeeper>();
     platform.workspace = std::make_unique<FakeWorkspace>();
     platform.loginItem = std::make_unique<FakeLoginItem>();
     return platform;

@@ -121,6 +121,22 @@ void XClient::focus(xcb_window_t window)
     sync();
 }
 
+void XClient::raise(xcb_window_t window)
+{
+    const uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(m_connection, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    sync();
+}
+
+bool XClient::isAbove(xcb_window_t upper, xcb_window_t lower) const
+{
+    const auto tree =
+        answer(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_screen->root), nullptr));
+    const xcb_window_t* first = xcb_query_tree_children(tree.get());
+    const xcb_window_t* end = first + xcb_query_tree_children_length(tree.get());
+    return std::find(first, end, lower) < std::find(first, end, upper);
+}
+
 xcb_window_t XClient::focused() const
 {
     const auto cookie = xcb_get_input_focus(m_connection);

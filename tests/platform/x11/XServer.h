@@ -55,6 +55,9 @@ public:
     // A mapped window of one colour, which hears keys.
     xcb_window_t openWindow(const QRect& pixels, uint32_t colour, bool isManaged = false);
     void focus(xcb_window_t window);
+    void raise(xcb_window_t window);
+    // Of two windows on the root.
+    bool isAbove(xcb_window_t upper, xcb_window_t lower) const;
     xcb_window_t focused() const;
     // Key presses since the last call.
     int takePresses();
