@@ -19,5 +19,7 @@ struct ZRRect { // points; origin bottom-left, y grows upwards
     // The shared area; the zero rectangle when there is none. Both sides must be normalized.
     ZRRect intersected(ZRRect other) const;
     ZRRect translated(double dx, double dy) const { return {x + dx, y + dy, width, height}; }
+    // Larger by so much on every side.
+    ZRRect grown(double by) const { return {x - by, y - by, width + 2 * by, height + 2 * by}; }
     friend bool operator==(ZRRect, ZRRect) = default;
 };

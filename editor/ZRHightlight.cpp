@@ -1,0 +1,7 @@
+#include "editor/ZRHightlight.h"
+
+ZRHightlight::ZRHightlight()
+{
+    setLineWidth(6);
+    setGraffitViewID(QStringLiteral("light"));
+}

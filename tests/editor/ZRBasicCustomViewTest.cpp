@@ -1,0 +1,217 @@
+#include "editor/ZRBasicCustomView.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Shape = std::unique_ptr<ZRBasicCustomView>;
+
+// Drawn from one point to another with a place on the way.
+Shape drawn(const char* id, ZRPoint from, ZRPoint to)
+{
+    Shape shape = ZRBasicCustomView::createNewEntityWithGratiffitID(QLatin1String(id));
+    shape->mouseDown(from);
+    shape->mouseDragged({(from.x + to.x) / 2, (from.y + to.y) / 2});
+    shape->mouseDragged(to);
+    shape->setIsDrawDone();
+    return shape;
+}
+
+// A press on a drawn shape, as the manager and the editor view make one.
+bool press(ZRBasicCustomView& shape, ZRPoint point)
+{
+    if (!shape.isClickOn(point))
+        return false;
+    shape.registerFocusOn();
+    shape.mouseDown(point);
+    return true;
+}
+
+}
+
+TEST(ZRBasicCustomView, IsMadeByTheIdentifiersOfItsTools)
+{
+    struct Case {
+        const char* id;
+        qint32 lineWidth; // 0 for no annotation
+    };
+    const Case cases[] = {{"square", 3}, {"eillpse", 3}, {"arrow", 6}, {"customLine", 3}, {"light", 6},
+        {"line", 3}, {"rubber", 0}, {"cancel", 0}, {"ellipse", 0}, {"mosaic", 0}, {"Square", 0}, {"", 0}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.id);
+        const Shape shape = ZRBasicCustomView::createNewEntityWithGratiffitID(QLatin1String(c.id));
+        EXPECT_EQ(shape != nullptr, c.lineWidth != 0);
+        if (!shape)
+            continue;
+        EXPECT_EQ(shape->viewId(), QLatin1String(c.id));
+        EXPECT_EQ(shape->lineWidth(), c.lineWidth);
+        EXPECT_EQ(shape->color(), QColor(255, 0, 0));
+        EXPECT_FALSE(shape->isDrawDone() || shape->isFocusOn());
+        EXPECT_FALSE(shape->isClickOn({0, 0}));
+    }
+    EXPECT_EQ(ZRBasicCustomView::createNewEntityWithGratiffitID(QString()), nullptr);
+}
+
+TEST(ZRBasicCustomView, TakesTheStandardForWhatIsNone)
+{
+    const Shape shape = drawn("square", {0, 0}, {10, 10});
+    shape->setColor(Qt::blue);
+    shape->setColor(QColor());
+    EXPECT_EQ(shape->color(), QColor(255, 0, 0));
+    shape->setGraffitViewID(QString());
+    EXPECT_FALSE(shape->viewId().isNull());
+    EXPECT_TRUE(shape->viewId().isEmpty());
+}
+
+TEST(ZRBasicCustomView, CreatingDragSpansFromThePressEvenInOneJump)
+{
+    struct Case {
+        const char* id;
+        ZRRect expected; // of a drag from 10, 10 to 40, 30
+    };
+    const Case cases[] = {{"square", {10, 10, 30, 20}}, {"eillpse", {10, 10, 30, 20}},
+        {"arrow", {7, 7, 36, 26}}, {"line", {8.5, 8.5, 33, 23}}, {"customLine", {6.5, 6.5, 37, 27}},
+        {"light", {5, 5, 40, 30}}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.id);
+        const Shape shape = ZRBasicCustomView::createNewEntityWithGratiffitID(QLatin1String(c.id));
+        shape->mouseDown({10, 10});
+        EXPECT_FALSE(shape->record().hasPoints()); // a click draws nothing
+        shape->mouseDragged({40, 30});
+        EXPECT_EQ(shape->vctualRect(), c.expected);
+        EXPECT_EQ(shape->dragPoints(), (DragPoints{{10, 10}, {40, 30}}));
+        shape->setIsDrawDone();
+        shape->mouseDragged({90, 90}); // not selected
+        EXPECT_EQ(shape->vctualRect(), c.expected);
+    }
+}
+
+TEST(ZRBasicCustomView, SelectedShapesMoveWithThePointer)
+{
+    struct Case {
+        const char* id;
+        ZRPoint press;
+    };
+    const Case cases[] = {{"square", {10, 60}}, {"eillpse", {95, 95}}, {"arrow", {60, 60}},
+        {"line", {60, 60}}, {"customLine", {60, 60}}, {"light", {60, 60}}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.id);
+        const Shape shape = drawn(c.id, {10, 10}, {110, 110});
+        if (QLatin1String(c.id) == QLatin1String("square"))
+            shape->setVctualRect({10, 10, 100, 70}); // its left handle is elsewhere
+        const ZRRect before = shape->vctualRect();
+        ASSERT_TRUE(press(*shape, c.press));
+        shape->mouseDragged({c.press.x + 5, c.press.y - 3});
+        shape->mouseDragged({c.press.x + 20, c.press.y + 7});
+        EXPECT_EQ(shape->vctualRect(), before.translated(20, 7));
+        shape->revoke();
+        EXPECT_EQ(shape->vctualRect(), before);
+        EXPECT_TRUE(shape->isRemoveView());
+    }
+}
+
+TEST(ZRBasicCustomView, EndsOfLinesMoveAlone)
+{
+    struct Case {
+        ZRPoint press, to;
+        ZRPoint start, end;
+    };
+    const Case cases[] = {
+        {{12, 11}, {30, 40}, {30, 40}, {110, 60}},
+        {{109, 61}, {70, 90}, {10, 10}, {70, 90}},
+        {{60, 35}, {65, 25}, {15, 0}, {115, 50}},
+    };
+    for (const char* id : {"arrow", "line"}) {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(testing::Message() << id << " pressed at " << c.press.x);
+            const Shape shape = drawn(id, {10, 10}, {110, 60});
+            ASSERT_TRUE(press(*shape, {60, 35})); // only a selected one lets its ends be moved
+            ASSERT_TRUE(press(*shape, c.press));
+            shape->mouseDragged(c.to);
+            EXPECT_EQ(shape->getPointWithIndex(0), c.start);
+            EXPECT_EQ(shape->getPointWithIndex(2), c.end);
+        }
+    }
+}
+
+TEST(ZRBasicCustomView, HandlesOfTheRectangleWorkAlwaysThoseOfTheEllipseWhenSelected)
+{
+    const ZRPoint corner{110, 110};
+    const Shape square = drawn("square", {10, 10}, corner);
+    EXPECT_TRUE(square->isClickOn(corner));
+    EXPECT_EQ(square->clickOnFromDirection(), kTopRight);
+    const Shape ellipse = drawn("eillpse", {10, 10}, corner);
+    EXPECT_FALSE(ellipse->isClickOn(corner));
+    ellipse->registerFocusOn();
+    EXPECT_TRUE(ellipse->isClickOn(corner));
+    EXPECT_EQ(ellipse->clickOnFromDirection(), kTopRight);
+}
+
+TEST(ZRBasicCustomView, DragAcrossTheOppositeEdgeGoesOnWithTheMirroredHandle)
+{
+    const Shape square = drawn("square", {10, 10}, {50, 50});
+    ASSERT_TRUE(press(*square, {10, 50}));
+    square->mouseDragged({70, 50});
+    EXPECT_EQ(square->vctualRect(), (ZRRect{50, 10, 20, 40}));
+    EXPECT_EQ(square->clickOnFromDirection(), kTopRight);
+    square->mouseDragged({80, 60});
+    EXPECT_EQ(square->vctualRect(), (ZRRect{50, 10, 30, 50}));
+    square->mouseUp({80, 60});
+    EXPECT_EQ(square->clickOnFromDirection(), kNoHandle);
+}
+
+TEST(ZRBasicCustomView, ReleaseMakesANegativeSizePositive)
+{
+    const Shape square = drawn("square", {10, 10}, {50, 50});
+    ASSERT_TRUE(press(*square, {10, 50}));
+    square->setVctualRect({50, 40, -20, -30});
+    square->mouseUp({0, 0});
+    EXPECT_EQ(square->vctualRect(), (ZRRect{30, 10, 20, 30}));
+}
+
+TEST(ZRBasicCustomView, RevokeTakesBackOnePressAtATime)
+{
+    const Shape square = drawn("square", {10, 10}, {50, 50});
+    const ZRRect first = square->vctualRect();
+    square->revoke();
+    EXPECT_EQ(square->vctualRect(), first); // the press that made it stays
+    ASSERT_TRUE(press(*square, {30, 10 - 1}));
+    square->setVctualRect({20, 20, 40, 40});
+    ASSERT_TRUE(press(*square, {60, 40}));
+    square->setVctualRect({30, 30, 70, 70});
+    EXPECT_FALSE(square->isRemoveView());
+    square->revoke();
+    EXPECT_EQ(square->vctualRect(), (ZRRect{20, 20, 40, 40}));
+    square->revoke();
+    EXPECT_EQ(square->vctualRect(), first);
+    EXPECT_TRUE(square->isRemoveView());
+}
+
+TEST(ZRBasicCustomView, ExtremePointsKeepTheOtherCoordinateOfTheFirst)
+{
+    const Shape stroke = drawn("customLine", {30, 40}, {10, 90});
+    stroke->shift(1, 2);
+    EXPECT_EQ(stroke->mostPointWithDirection(kSmallestX), (ZRPoint{11, 42}));
+    EXPECT_EQ(stroke->mostPointWithDirection(kLargestX), (ZRPoint{31, 42}));
+    EXPECT_EQ(stroke->mostPointWithDirection(kLargestY), (ZRPoint{31, 92}));
+    EXPECT_EQ(stroke->mostPointWithDirection(kSmallestY), (ZRPoint{31, 42}));
+}
+
+TEST(ZRBasicCustomView, ShiftMovesWhatIsDrawnAndWhatCanBeRevoked)
+{
+    const Shape square = drawn("square", {10, 10}, {50, 50});
+    ASSERT_TRUE(press(*square, {10, 50}));
+    square->mouseDragged({0, 60});
+    square->shift(-5, 100);
+    EXPECT_EQ(square->vctualRect(), (ZRRect{-5, 110, 50, 50}));
+    square->revoke();
+    EXPECT_EQ(square->vctualRect(), (ZRRect{5, 110, 40, 40}));
+}
+
+TEST(ZRBasicCustomView, HandShowsOverItsOwnColourOnly)
+{
+    const Shape square = drawn("square", {10, 10}, {50, 50});
+    EXPECT_EQ(square->mouseMoved({10, 50}, QColor(250, 10, 10)), Qt::OpenHandCursor);
+    EXPECT_EQ(square->mouseMoved({10, 50}, QColor(Qt::white)), Qt::ArrowCursor);
+    EXPECT_EQ(square->mouseMoved({30, 30}, QColor(Qt::red)), Qt::ArrowCursor);
+}
