@@ -5,6 +5,7 @@
 #include "platform/HotKeys.h"
 #include "platform/InputGrab.h"
 #include "platform/LoginItem.h"
+#include "platform/StatusItemHost.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
 
@@ -20,6 +21,7 @@ struct Platform {
     std::unique_ptr<FrontKeeper> frontKeeper;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<LoginItem> loginItem;
+    std::unique_ptr<StatusItemHost> statusItemHost;
 };
 
 // Why the program cannot run on this desktop, in one line for the user; empty when it can. Called before the

@@ -6,6 +6,7 @@
 #include "platform/x11/NativeHotKeys.h"
 #include "platform/x11/NativeInputGrab.h"
 #include "platform/x11/NativeLoginItem.h"
+#include "platform/x11/NativeStatusItemHost.h"
 #include "platform/x11/NativeWindowServer.h"
 #include "platform/x11/NativeWorkspace.h"
 
@@ -54,5 +55,6 @@ Platform makePlatform()
     platform.frontKeeper = std::make_unique<NativeFrontKeeper>(x);
     platform.workspace = std::make_unique<NativeWorkspace>(x);
     platform.loginItem = std::make_unique<NativeLoginItem>(QCoreApplication::applicationFilePath());
+    platform.statusItemHost = std::make_unique<NativeStatusItemHost>(x);
     return platform;
 }

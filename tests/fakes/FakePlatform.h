@@ -6,6 +6,7 @@
 #include "tests/fakes/FakeHotKeys.h"
 #include "tests/fakes/FakeInputGrab.h"
 #include "tests/fakes/FakeLoginItem.h"
+#include "tests/fakes/FakeStatusItemHost.h"
 #include "tests/fakes/FakeWindowServer.h"
 #include "tests/fakes/FakeWorkspace.h"
 
@@ -21,5 +22,6 @@ inline Platform makeFakePlatform()
     platform.frontKeeper = std::make_unique<FakeFrontKeeper>();
     platform.workspace = std::make_unique<FakeWorkspace>();
     platform.loginItem = std::make_unique<FakeLoginItem>();
+    platform.statusItemHost = std::make_unique<FakeStatusItemHost>();
     return platform;
 }

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/StatusItemHost.h"
+
+// A desktop whose tray a test brings.
+class FakeStatusItemHost final : public StatusItemHost {
+public:
+    void watch() override { isWatched = true; }
+    void bringTray()
+    {
+        if (isWatched && onFound)
+            onFound();
+    }
+
+    bool isWatched = false;
+};
