@@ -1,34 +1,56 @@
 #include "app/AppDelegate.h"
 
+#include "app/AboutWindow.h"
 #include "app/EventMonitor.h"
 #include "capture/ToolScreen.h"
+#include "commonutils/CommFeedback.h"
 #include "commonutils/CommLog.h"
+#include "commonutils/CommUtils.h"
 #include "commonutils/NotificationCenter.h"
 #include "settings/AppSettings.h"
+#include "settings/LanguageCatalogue.h"
 #include "settings/SettingsKeys.h"
 #include "settings/UserDefaults.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QScopedValueRollback>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace {
 
 const QString kNeedUpdateHotKey = QStringLiteral("needUpdateHotKeyBindRegister");
+const QString kNeedChangeLanguage = QStringLiteral("needChangeClientLanguageRegister");
 constexpr int kToolTipDelayMs = 10;
 constexpr int kSelfChosenChannel = 4; // the edition that keeps the channel it once had
+constexpr int kRepaintMs = 50;        // until the windows below a menu that went have painted themselves
+
+bool changesHotKeys(const QString& key)
+{
+    return key == QLatin1String("hotkeyRegionScreenShot") || key == QLatin1String("hotkeyFullScreenShot");
+}
+
+bool changesAppInfo(const QString& key)
+{
+    return key == QLatin1String("clientLang") || key.startsWith(QLatin1String("link"));
+}
 
 }
 
 AppDelegate::AppDelegate(Platform& platform)
     : m_platform(platform)
     , mScreenShotManager(platform)
+    , mScreenShotStatusbar(*platform.statusItemHost, *this)
+    , m_update(QStringLiteral(LUMORA_VERSION))
 {
     m_background.setMaxThreadCount(1);
     m_background.setExpiryTimeout(0); // no thread lingers, so none wakes up later
     ToolScreen::install(platform.displays.get());
     EventMonitor::install(platform.hotKeys.get());
     AppSettings::install(platform.workspace.get(), platform.loginItem.get());
+    m_update.onResult = [this](const UpdateResult& result) { logUpdate(result); };
 }
 
 AppDelegate::~AppDelegate()
@@ -39,18 +61,52 @@ AppDelegate::~AppDelegate()
     ToolScreen::install(nullptr);
 }
 
+void AppDelegate::runSteps(std::span<const Step> steps)
+{
+    for (const Step& step : steps) {
+        CommLog::log(QStringLiteral("launch: %1").arg(QLatin1String(step.name)));
+        (this->*step.run)();
+    }
+}
+
 void AppDelegate::applicationDidFinishLaunching()
 {
-    registerDefaults();
-    settleChannel();
-    checkDefaultPicturesSavePath();
-    LogScreens();
-    begin();
+    static constexpr Step kSteps[] = {
+        {"tool tips", &AppDelegate::setToolTipDelay},
+        {"registered defaults", &AppDelegate::registerDefaults},
+        {"channel", &AppDelegate::settleChannel},
+        {"common utilities", &AppDelegate::initCommUtils},
+        {"languages", &AppDelegate::updateLangMenu},
+        {"save folder", &AppDelegate::checkDefaultPicturesSavePath},
+        {"status bar", &AppDelegate::initStatusbar},
+        {"update check", &AppDelegate::_initUpdate},
+        {"display list", &AppDelegate::LogScreens},
+        {"begin", &AppDelegate::begin},
+    };
+    runSteps(kSteps);
+}
+
+void AppDelegate::begin()
+{
+    static constexpr Step kSteps[] = {
+        {"notifications", &AppDelegate::observeNotifications},
+        {"status menu", &AppDelegate::fillStatusMenu},
+        {"capture manager", &AppDelegate::initContext},
+        {"hot keys", &AppDelegate::addhotKey},
+    };
+    runSteps(kSteps);
+    m_hasBegun = true;
+    if (onBegun)
+        onBegun();
+}
+
+void AppDelegate::setToolTipDelay()
+{
+    AppSettings::saveToUserDefaultsForKeyIngeterValue(SettingsKeys::kToolTipDelay, kToolTipDelayMs);
 }
 
 void AppDelegate::registerDefaults()
 {
-    AppSettings::saveToUserDefaultsForKeyIngeterValue(SettingsKeys::kToolTipDelay, kToolTipDelayMs);
     AppSettings::initSettingInNeed(QStringLiteral(":/UserDefaults.plist"));
 }
 
@@ -63,10 +119,30 @@ void AppDelegate::settleChannel()
     CommLog::log(QStringLiteral("App type :%1").arg(AppSettings::getChannelProviderID()));
 }
 
-// Asking for the folder creates it where it is the default one.
+void AppDelegate::initCommUtils()
+{
+    CommUtils::initWithCommAppInfo(AppSettings::getCommAppInfo(), *m_platform.workspace);
+}
+
+void AppDelegate::updateLangMenu()
+{
+    LanguageCatalogue::updateLangMenu(LanguageCatalogue::folders());
+    LanguageCatalogue::settleLanguage(QLocale::system().uiLanguages());
+}
+
 void AppDelegate::checkDefaultPicturesSavePath()
 {
-    AppSettings::choosedScreenshotSavePath();
+    AppSettings::checkDefaultPicturesSavePath();
+}
+
+void AppDelegate::initStatusbar()
+{
+    mScreenShotStatusbar.initialize();
+}
+
+void AppDelegate::_initUpdate()
+{
+    m_update.checkSilent(CommUtils::appInfo().updateURL);
 }
 
 void AppDelegate::LogScreens()
@@ -79,17 +155,26 @@ void AppDelegate::LogScreens()
     });
 }
 
-void AppDelegate::begin()
+void AppDelegate::observeNotifications()
 {
-    NotificationCenter::defaultCenter().addObserver(
-        *this, kNeedUpdateHotKey, [this](const QVariantMap&) { needUpdateHotkeyBind(); });
+    NotificationCenter& center = NotificationCenter::defaultCenter();
+    center.addObserver(*this, kNeedUpdateHotKey, [this](const QVariantMap&) { needUpdateHotkeyBind(); });
+    center.addObserver(
+        *this, kNeedChangeLanguage, [this](const QVariantMap&) { needChangeClientLanguage(); });
     if (UserDefaults* store = UserDefaults::standardUserDefaults())
         store->onExternalChange = [this](const QStringList& keys) { settingsChangedByHand(keys); };
+}
+
+void AppDelegate::fillStatusMenu()
+{
+    mScreenShotStatusbar.setStatusbarMenu();
+    mScreenShotStatusbar.changeHotKeyText();
+    mScreenShotStatusbar.changeText();
+}
+
+void AppDelegate::initContext()
+{
     mScreenShotManager.initContext();
-    addhotKey();
-    m_hasBegun = true;
-    if (onBegun)
-        onBegun();
 }
 
 void AppDelegate::addhotKey()
@@ -100,13 +185,30 @@ void AppDelegate::addhotKey()
 void AppDelegate::needUpdateHotkeyBind()
 {
     addhotKey();
+    mScreenShotStatusbar.changeHotKeyText();
+}
+
+void AppDelegate::needChangeClientLanguage()
+{
+    CommUtils::setAppInfo(AppSettings::getCommAppInfo());
+    changeText();
 }
 
 void AppDelegate::settingsChangedByHand(const QStringList& keys)
 {
-    if (keys.contains(QStringLiteral("hotkeyRegionScreenShot")) ||
-        keys.contains(QStringLiteral("hotkeyFullScreenShot")))
+    if (std::any_of(keys.begin(), keys.end(), changesHotKeys))
         NotificationCenter::defaultCenter().post(kNeedUpdateHotKey);
+    if (std::any_of(keys.begin(), keys.end(), changesAppInfo)) {
+        LanguageCatalogue::settleLanguage(QLocale::system().uiLanguages());
+        NotificationCenter::defaultCenter().post(kNeedChangeLanguage);
+    }
+}
+
+void AppDelegate::changeText()
+{
+    mScreenShotStatusbar.changeText();
+    if (mAboutWindow)
+        mAboutWindow->changeText(AboutTexts::current());
 }
 
 void AppDelegate::hotKeyDown(const QString& hotKey)
@@ -129,7 +231,7 @@ void AppDelegate::prepareCapture()
         mScreenShotManager.setCurrentScreen(*screen);
 }
 
-void AppDelegate::startCapture(bool isFullScreen)
+void AppDelegate::capture(bool isFullScreen)
 {
     if (mScreenShotManager.isCapturing())
         return;
@@ -137,14 +239,96 @@ void AppDelegate::startCapture(bool isFullScreen)
     mScreenShotManager.startScreenShotIsFullScreen(isFullScreen);
 }
 
+void AppDelegate::startCapture(bool isFullScreen)
+{
+    if (mScreenShotStatusbar.closeMenu())
+        onceMenuIsGone([this, isFullScreen] { capture(isFullScreen); });
+    else
+        capture(isFullScreen);
+}
+
+// A turn of the event loop takes the menu off the screen.
+void AppDelegate::onceMenuIsGone(std::function<void()> start)
+{
+    QTimer::singleShot(0, this,
+        [this, start = std::move(start)] { QTimer::singleShot(kRepaintMs, Qt::PreciseTimer, this, start); });
+}
+
 void AppDelegate::regionScreenShotFromSystembar()
 {
-    QTimer::singleShot(0, this, [this] { startCapture(false); });
+    onceMenuIsGone([this] { capture(false); });
 }
 
 void AppDelegate::fullScreenShotFromSystembar()
 {
-    startCapture(true);
+    onceMenuIsGone([this] { capture(true); });
+}
+
+void AppDelegate::openVideoRecorderURL()
+{
+    CommUtils::OpenURL(CommUtils::appInfo().videoRecorderURL);
+}
+
+void AppDelegate::actionForStatusbarShowFAQ()
+{
+    CommUtils::OpenURL(CommUtils::appInfo().FAQURL);
+}
+
+void AppDelegate::actionForStatusbarShowSupport()
+{
+    CommUtils::OpenURL(CommUtils::appInfo().supportURL);
+}
+
+void AppDelegate::actionForStatusbarShowForum()
+{
+    CommUtils::OpenURL(CommUtils::appInfo().forumURL);
+}
+
+void AppDelegate::actionForStatusbarFeedback()
+{
+    CommFeedback::submit();
+}
+
+void AppDelegate::actionForStatusbarCheckUpdate()
+{
+    m_update.check(CommUtils::appInfo().updateURL);
+}
+
+void AppDelegate::logUpdate(const UpdateResult& result) const
+{
+    switch (result.kind) {
+    case UpdateResult::Kind::UpToDate:
+        CommLog::log(QStringLiteral("update check: %1 is the newest version"), result.version);
+        break;
+    case UpdateResult::Kind::Available:
+        CommLog::log(QStringLiteral("update check: version %1 is out %2"), result.version, result.link);
+        break;
+    case UpdateResult::Kind::Failed:
+        CommLog::log(QStringLiteral("update check: %1"), result.reason);
+        break;
+    }
+}
+
+bool AppDelegate::openMenu()
+{
+    return !mScreenShotManager.isCapturing() && mScreenShotStatusbar.openMenu();
+}
+
+void AppDelegate::showAbout()
+{
+    if (!mAboutWindow) {
+        mAboutWindow = std::make_unique<AboutWindow>();
+        mAboutWindow->onClose = [this] { closeAboutWindow(); };
+        mAboutWindow->changeText(AboutTexts::current());
+    }
+    mAboutWindow->showAbout();
+}
+
+// Called by the window's own event: it goes when that has been handled.
+void AppDelegate::closeAboutWindow()
+{
+    if (mAboutWindow)
+        mAboutWindow.release()->deleteLater();
 }
 
 void AppDelegate::terminate()
@@ -155,6 +339,8 @@ void AppDelegate::terminate()
 
 void AppDelegate::applicationWillTerminate()
 {
+    CommUtils::dispose();
+    mScreenShotStatusbar.clear();
     if (!AppSettings::isNeedAppStartWhenComputerPowerOn())
         return;
     AppSettings::unregisterAppLaunchWhenComputerPowerOn();

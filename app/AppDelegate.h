@@ -1,16 +1,23 @@
 #pragma once
 
+#include "app/StatusbarActions.h"
+#include "app/ZRScreenShotStatusbar.h"
 #include "capture/ZRScreenShotManager.h"
+#include "commonutils/CommUpdate.h"
 #include "platform/Platform.h"
 
 #include <QObject>
 #include <QThreadPool>
 
 #include <functional>
+#include <memory>
+#include <span>
 
-// Owns the capture manager, runs the launch and the termination, and starts a capture when a hot key or a
-// menu entry asks for one.
-class AppDelegate : public QObject {
+class AboutWindow;
+
+// Owns the capture manager, the status bar and the About window, runs the launch and the termination as lists
+// of named steps, and starts a capture when a hot key or a menu entry asks for one.
+class AppDelegate : public QObject, private StatusbarActions {
 public:
     // Borrows the platform, which must outlive the delegate.
     explicit AppDelegate(Platform& platform);
@@ -18,10 +25,10 @@ public:
 
     void applicationDidFinishLaunching();
     // Ends a running capture, gives the former application back its place, then ends the program.
-    void terminate();
+    void terminate() override;
     void applicationWillTerminate();
 
-    // The second half of the launch: from here on hot keys and verbs work.
+    // The second half of the launch: from here on hot keys, menu and verbs work.
     void begin();
     bool hasBegun() const { return m_hasBegun; }
     // Called once, at the end of begin().
@@ -29,27 +36,65 @@ public:
 
     // Called with the hot-key string that fired.
     void hotKeyDown(const QString& hotKey);
-    // A capture at once; nothing happens while another one runs.
+    // A capture, at once where no menu of ours shows; nothing happens while another one runs.
     void startCapture(bool isFullScreen);
-    // The region capture waits one turn of the event loop, so that a menu which asked for it is gone.
-    void regionScreenShotFromSystembar();
-    void fullScreenShotFromSystembar();
+    // The status menu, at the pointer; false while a capture runs or a modal window shows.
+    bool openMenu();
+    void showAbout() override;
+    void closeAboutWindow();
+    // All texts that show, in the current language.
+    void changeText();
 
     ZRScreenShotManager& screenShotManager() { return mScreenShotManager; }
 
 private:
+    struct Step {
+        const char* name; // in the log
+        void (AppDelegate::*run)();
+    };
+    void runSteps(std::span<const Step> steps);
+
+    void setToolTipDelay();
     void registerDefaults();
     void settleChannel();
+    void initCommUtils();
+    void updateLangMenu();
     void checkDefaultPicturesSavePath();
+    void initStatusbar();
+    void _initUpdate();
     void LogScreens();
+    void observeNotifications();
+    void fillStatusMenu();
+    void initContext();
     void addhotKey();
+
     void needUpdateHotkeyBind();
+    void needChangeClientLanguage();
     void settingsChangedByHand(const QStringList& keys);
+    void logUpdate(const UpdateResult& result) const;
+
+    void regionScreenShotFromSystembar() override;
+    void fullScreenShotFromSystembar() override;
+    void actionForStatusbbarDistance() override { }
+    void actionForStatusbarGetColor() override { }
+    void openVideoRecorderURL() override;
+    void showPreferences() override { }
+    void actionForStatusbarShowFAQ() override;
+    void actionForStatusbarShowSupport() override;
+    void actionForStatusbarShowForum() override;
+    void actionForStatusbarFeedback() override;
+    void actionForStatusbarCheckUpdate() override;
+
+    void onceMenuIsGone(std::function<void()> start);
     void prepareCapture();
+    void capture(bool isFullScreen);
 
     Platform& m_platform;
     ZRScreenShotManager mScreenShotManager;
-    bool isNextKey = false; // a hot key is being handled
+    ZRScreenShotStatusbar mScreenShotStatusbar;
+    std::unique_ptr<AboutWindow> mAboutWindow; // while it shows
+    bool isNextKey = false;                    // a hot key is being handled
     bool m_hasBegun = false;
+    CommUpdate m_update;
     QThreadPool m_background;
 };

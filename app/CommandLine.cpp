@@ -11,7 +11,7 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
         return {Kind::Help, {}};
     if (first == QLatin1String("--version"))
         return {Kind::Version, {}};
-    for (const char* verb : {"region", "full", "cancel", "quit"})
+    for (const char* verb : {"region", "full", "menu", "cancel", "quit"})
         if (first == QLatin1String(verb))
             return {Kind::Verb, first};
     return {Kind::Wrong, {}};
@@ -20,11 +20,13 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
 QString CommandLine::usage()
 {
     return QStringLiteral(
-        "usage: lumora-screenshot [region | full | cancel | quit | --version | --help]\n"
+        "usage: lumora-screenshot [region | full | menu | cancel | quit | --version | --help]\n"
         "\n"
-        "Without a verb the program starts and waits for its hot keys, or says that it runs.\n"
+        "Without a verb the program starts and waits for its hot keys, or opens the\n"
+        "menu of the one that runs.\n"
         "  region   capture a region and print the path of the saved picture\n"
         "  full     capture the display under the pointer and print the path\n"
+        "  menu     open the menu at the pointer\n"
         "  cancel   end a running capture\n"
         "  quit     end the program\n"
         "\n"

@@ -1,5 +1,7 @@
 #include "app/HotKeyTables.h"
 
+#include "platform/KeyPosition.h"
+
 #include <QHash>
 
 namespace {
@@ -139,4 +141,17 @@ HotKeyTables::Chord HotKeyTables::parsed(const QString& hotKey)
             chord.keyCode = *code;
     }
     return chord;
+}
+
+std::optional<HotKeyTables::Chord> HotKeyTables::pressed(const QKeyEvent& event)
+{
+    const auto keyCode = keyPosition(event);
+    if (!keyCode)
+        return std::nullopt;
+    const Qt::KeyboardModifiers held = event.modifiers();
+    const auto value = [held](Qt::KeyboardModifier modifier, quint32 mask) {
+        return held.testFlag(modifier) ? mask : 0;
+    };
+    return Chord{*keyCode, value(Qt::MetaModifier, 256) + value(Qt::ShiftModifier, 512) +
+                               value(Qt::AltModifier, 2048) + value(Qt::ControlModifier, 4096)};
 }

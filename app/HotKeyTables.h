@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeyEvent>
 #include <QString>
 
 #include <optional>
@@ -21,5 +22,7 @@ struct Chord {
 // last key word wins. Kept: modifier values are added, so a modifier named twice becomes another one, and a
 // string without a key word means key code 0, the "a" key.
 Chord parsed(const QString& hotKey);
+// What a key event's key and its modifiers would be called; empty for a key without a position.
+std::optional<Chord> pressed(const QKeyEvent& event);
 
 }

@@ -22,6 +22,11 @@ Reply replyTo(const CaptureOutcome& outcome)
     return {ExitCode::kFailed, {}, QStringLiteral("the capture failed: %1\n").arg(outcome.reason)};
 }
 
+Reply replyToBusy()
+{
+    return {ExitCode::kBusy, {}, QStringLiteral("another capture is under way\n")};
+}
+
 Reply replyToStart()
 {
     QString text = QStringLiteral("Lumora Mac Screenshot runs already\n");
@@ -47,7 +52,10 @@ void VerbService::handle(const QString& verb, const ResidentServer::Answer& answ
     if (!m_delegate.hasBegun()) {
         m_waiting.emplace_back(verb, answer);
     } else if (verb == ResidentLink::startVerb()) {
+        m_delegate.openMenu();
         answer(replyToStart());
+    } else if (verb == QLatin1String("menu")) {
+        answer(m_delegate.openMenu() ? Reply{} : replyToBusy());
     } else if (verb == QLatin1String("region") || verb == QLatin1String("full")) {
         capture(verb == QLatin1String("full"), answer);
     } else if (verb == QLatin1String("cancel")) {
@@ -65,7 +73,7 @@ void VerbService::capture(bool isFullScreen, const ResidentServer::Answer& answe
 {
     ZRScreenShotManager& manager = m_delegate.screenShotManager();
     if (manager.isCapturing()) {
-        answer({ExitCode::kBusy, {}, QStringLiteral("another capture is under way\n")});
+        answer(replyToBusy());
         return;
     }
     m_captures[manager.captureNumber() + 1] = answer;

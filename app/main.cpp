@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
+#include "app/KeyNames.h"
 #include "app/ResidentClient.h"
 #include "app/ResidentLink.h"
 #include "app/ResidentServer.h"
@@ -34,6 +35,8 @@ int runResident(int& argc, char** argv)
 {
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    KeyNames keyNames;
+    QApplication::installTranslator(&keyNames);
     TerminationSignals signalsOfTheSystem;
     CommLog::start(QStringLiteral("lumora-screenshot"));
     CommLog::writeStartHeader();

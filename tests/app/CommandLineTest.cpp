@@ -13,6 +13,7 @@ TEST(CommandLine, KnowsItsVerbsAndRefusesTheRest)
     const Case cases[] = {
         {{}, Kind::Start},
         {{QStringLiteral("region")}, Kind::Verb},
+        {{QStringLiteral("menu")}, Kind::Verb},
         {{QStringLiteral("quit")}, Kind::Verb},
         {{QStringLiteral("--help")}, Kind::Help},
         {{QStringLiteral("--version")}, Kind::Version},
