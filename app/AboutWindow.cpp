@@ -57,6 +57,7 @@ AboutWindow::AboutWindow()
     , mAppVersionLabel(new QLabel(this))
     , mAppCopyrightLabel(new QLabel(this))
 {
+    setWindowIcon(iconNamed(QStringLiteral("Icon256x256")));
     mAppNameLabel->setFont(nameFont(font()));
     mAppCopyrightLabel->setWordWrap(true);
     mAppCopyrightLabel->setTextFormat(Qt::RichText);

@@ -9,6 +9,6 @@ QString menuStyleSheet()
         "QMenu::item:selected { background: rgb(206,224,255); }"
         "QMenu::item:disabled { color: rgb(140,152,168); }"
         "QMenu::icon { left: 8px; }"
-        "QMenu::separator { height: 1px; background: rgb(208,221,238); margin: 4px 12px; }"
+        "QMenu::separator { height: 1px; background: rgb(208,221,238); margin: 4px 10px; }"
         "QMenu::right-arrow { width: 8px; height: 8px; padding-right: 8px; }");
 }
