@@ -6,16 +6,30 @@
 
 namespace {
 
+enum class With { Anything, Command, Nothing };
+
 struct Equivalent {
     Qt::Key key;
     quint32 position; // the key's macOS virtual key code, for layouts without Latin letters
-    bool needsCommand;
+    With with;
     OverlayAction action;
 };
-constexpr std::array<Equivalent, 3> kEquivalents{{
-    {Qt::Key_Escape, 53, false, OverlayAction::Cancel},
-    {Qt::Key_S, 1, true, OverlayAction::Save},
-    {Qt::Key_C, 8, true, OverlayAction::Copy},
+constexpr std::array<Equivalent, 4> kEquivalents{{
+    {Qt::Key_Escape, 53, With::Anything, OverlayAction::Cancel},
+    {Qt::Key_S, 1, With::Command, OverlayAction::Save},
+    {Qt::Key_C, 8, With::Command, OverlayAction::Copy},
+    {Qt::Key_C, 8, With::Nothing, OverlayAction::CopyColour},
+}};
+
+struct Arrow {
+    Qt::Key key;
+    QPoint by;
+};
+constexpr std::array<Arrow, 4> kArrows{{
+    {Qt::Key_Left, {-1, 0}},
+    {Qt::Key_Right, {1, 0}},
+    {Qt::Key_Up, {0, -1}},
+    {Qt::Key_Down, {0, 1}},
 }};
 
 // Whether the layout makes a letter of the key that no equivalent can name.
@@ -29,11 +43,22 @@ bool isPressed(const Equivalent& e, const QKeyEvent& event)
     return event.key() == e.key || (isForeignLetter(event.key()) && keyPosition(event) == e.position);
 }
 
-bool hasCommand(Qt::KeyboardModifiers modifiers)
+Qt::KeyboardModifiers chord(const QKeyEvent& event)
 {
-    const auto relevant =
-        modifiers & (Qt::ControlModifier | Qt::MetaModifier | Qt::AltModifier | Qt::ShiftModifier);
-    return relevant == Qt::ControlModifier || relevant == Qt::MetaModifier;
+    return event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier | Qt::AltModifier | Qt::ShiftModifier);
+}
+
+bool isWith(With with, Qt::KeyboardModifiers chord)
+{
+    switch (with) {
+    case With::Command:
+        return chord == Qt::ControlModifier || chord == Qt::MetaModifier;
+    case With::Nothing:
+        return chord == Qt::NoModifier;
+    case With::Anything:
+        break;
+    }
+    return true;
 }
 
 }
@@ -41,7 +66,18 @@ bool hasCommand(Qt::KeyboardModifiers modifiers)
 OverlayAction overlayAction(const QKeyEvent& event)
 {
     for (const Equivalent& e : kEquivalents)
-        if (isPressed(e, event) && (!e.needsCommand || hasCommand(event.modifiers())))
+        if (isPressed(e, event) && isWith(e.with, chord(event)))
             return e.action;
     return OverlayAction::None;
+}
+
+std::optional<ArrowStep> arrowStep(const QKeyEvent& event)
+{
+    const auto modifiers = chord(event);
+    if (modifiers != Qt::NoModifier && modifiers != Qt::ShiftModifier)
+        return std::nullopt;
+    for (const Arrow& arrow : kArrows)
+        if (event.key() == arrow.key)
+            return ArrowStep{arrow.by, modifiers == Qt::ShiftModifier};
+    return std::nullopt;
 }

@@ -1,5 +1,6 @@
 #include "capture/RegionRules.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -86,6 +87,23 @@ ZRRect RegionRules::pulledByHandle(ZRRect r, int code, float dx, float dy)
 {
     const Pull pull = kPulls.at(code);
     return {r.x + pull.x * dx, r.y + pull.y * dy, r.width + pull.width * dx, r.height + pull.height * dy};
+}
+
+QRect RegionRules::nudged(QRect region, QPoint by, QSize display)
+{
+    const QPoint last(display.width() - region.width(), display.height() - region.height());
+    const QPoint wanted = region.topLeft() + by;
+    return {QPoint(std::max(0, std::min(wanted.x(), last.x())), std::max(0, std::min(wanted.y(), last.y()))),
+        region.size()};
+}
+
+QRect RegionRules::stretched(QRect region, QPoint by, QSize display)
+{
+    const auto kept = [](int size, int step, int room) {
+        return step == 0 ? size : std::max(1, std::min(size + step, room));
+    };
+    return {region.topLeft(), QSize(kept(region.width(), by.x(), display.width() - region.x()),
+                                  kept(region.height(), by.y(), display.height() - region.y()))};
 }
 
 ZRRect RegionRules::snapped(ZRRect r, double scale)

@@ -2,6 +2,8 @@
 
 #include "geometry/ZRRect.h"
 
+#include <QRect>
+
 // How a press and a drag change the selected region. Overlay points: origin bottom-left of the display.
 namespace RegionRules {
 
@@ -26,6 +28,10 @@ ZRRect moved(ZRRect region, float dx, float dy, ZRSize overlay);
 // The region after one drag step of a handle. Nothing is clamped: an edge pulled past its opposite leaves a
 // negative size, which the release makes positive.
 ZRRect pulledByHandle(ZRRect region, int code, float dx, float dy);
+// A region in device pixels, y growing downwards, moved by a step and kept inside the display.
+QRect nudged(QRect region, QPoint by, QSize display);
+// Its right or bottom edge moved by a step: one pixel is left at least, the display is not left.
+QRect stretched(QRect region, QPoint by, QSize display);
 // Every edge on the nearest device pixel; `scale` is device pixels a point. Negative sizes stay negative.
 ZRRect snapped(ZRRect region, double scale);
 

@@ -36,6 +36,8 @@ public:
     virtual void mouseDragged(const ZRMouseEvent& event) = 0;
     virtual void mouseMoved(const ZRMouseEvent& event) = 0;
     virtual void rightMouseDown(const ZRMouseEvent& event) = 0;
+    // `angle` in eighths of a degree, positive away from the user.
+    virtual void scrollWheel(const ZRMouseEvent&, int angle) { Q_UNUSED(angle) }
     virtual void keyDown(const QKeyEvent& event) = 0;
 
 protected:

@@ -1,9 +1,9 @@
 #include "capture/ScreenShotBackView.h"
 
 #include "capture/RegionRules.h"
-#include "customui/DevicePixels.h"
-
-#include <QPaintEvent>
+#include "capture/RegionSizeView.h"
+#include "capture/ZRMagnifierView.h"
+#include "capture/ZRScreenshotCursorView.h"
 
 #include <cmath>
 
@@ -18,15 +18,17 @@ QColor borderColor()
     return QColor::fromRgbF(0.25F, 0.67F, 0.98F);
 }
 
-QImage disc(QSize pixels)
+// A white handle with a thin rim that shows it on white too.
+QImage handlePicture(QSize pixels, double scale)
 {
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
+    painter.setPen(QPen(borderColor(), scale));
     painter.setBrush(Qt::white);
-    painter.drawEllipse(QRectF(image.rect()));
+    const double half = scale / 2;
+    painter.drawEllipse(QRectF(image.rect()).adjusted(half, half, -half, -half));
     return image;
 }
 
@@ -38,7 +40,10 @@ QRect grown(const QRect& r, int by)
 }
 
 ScreenShotBackView::ScreenShotBackView(QWidget* parent)
-    : View(parent)
+    : ChromeLayer(parent)
+    , m_regionSizeView(new RegionSizeView(this))
+    , m_crossView(new ZRScreenshotCursorView(this))
+    , m_magnifierView(ZRMagnifierView::loadForNib(this))
 {
 }
 
@@ -47,29 +52,26 @@ void ScreenShotBackView::setSelectedRegionRect(ZRRect rect)
     if (rect == mRect)
         return;
     const QRect oldHole = devicePixels(mRect);
-    const QRegion oldChrome = chromeRegion();
-    mRect = rect;
-    const QRegion holes = QRegion(oldHole).xored(devicePixels(mRect));
-    updatePixels(holes + oldChrome + chromeRegion());
+    repaintAround([&] { mRect = rect; });
+    updatePixels(QRegion(oldHole).xored(devicePixels(mRect)));
 }
 
 void ScreenShotBackView::setDrawRegionBorder(bool isNeeded)
 {
-    if (std::exchange(mIsNeedDrawRegionBorder, isNeeded) != isNeeded)
-        update();
+    if (isNeeded != mIsNeedDrawRegionBorder)
+        repaintAround([&] { mIsNeedDrawRegionBorder = isNeeded; });
 }
 
 void ScreenShotBackView::setDrawResizeButton(bool isNeeded)
 {
-    const QRegion before = chromeRegion();
-    if (std::exchange(mIsNeedDrawResizeButton, isNeeded) != isNeeded)
-        updatePixels(before + chromeRegion());
+    if (isNeeded != mIsNeedDrawResizeButton)
+        repaintAround([&] { mIsNeedDrawResizeButton = isNeeded; });
 }
 
 void ScreenShotBackView::setNeedDrawDashBorder(bool isNeeded)
 {
-    if (std::exchange(mIsNeedDrawDashBorder, isNeeded) != isNeeded)
-        updatePixels(chromeRegion());
+    if (isNeeded != mIsNeedDrawDashBorder)
+        repaintAround([&] { mIsNeedDrawDashBorder = isNeeded; });
 }
 
 int ScreenShotBackView::pointInResizeRect(ZRPoint point) const
@@ -77,19 +79,16 @@ int ScreenShotBackView::pointInResizeRect(ZRPoint point) const
     return RegionRules::pointInResizeRect(mRect, point);
 }
 
-void ScreenShotBackView::paintEvent(QPaintEvent* event)
+void ScreenShotBackView::paintPixels(QPainter& painter, const QRegion& dirty)
 {
-    QPainter painter(this);
-    DevicePixels::begin(painter, *this);
-    _drawBackground(painter, event->region());
+    _drawBackground(painter, dirty);
 }
 
 void ScreenShotBackView::_drawBackground(QPainter& painter, const QRegion& dirty) const
 {
     const QRect hole = devicePixels(mRect);
     const QColor dim(0, 0, 0, qRound(kDim * 255));
-    for (const QRect& points : dirty) {
-        const QRect pixels = DevicePixels::covering(points, devicePixelRatioF());
+    for (const QRect& pixels : dirty) {
         painter.setClipRect(pixels); // a clip of several rectangles is many times as slow
         for (const QRect& dimmed : QRegion(pixels).subtracted(hole))
             painter.fillRect(dimmed, dim);
@@ -136,7 +135,7 @@ void ScreenShotBackView::_drawResizeButton(QPainter& painter) const
     for (int code = 1; code <= RegionRules::kHandleCount; ++code) {
         const QRect square = devicePixels(RegionRules::handleRect(mRect, code));
         if (m_handle.size() != square.size())
-            m_handle = disc(square.size());
+            m_handle = handlePicture(square.size(), devicePixelRatioF());
         painter.drawImage(square.topLeft(), m_handle);
     }
 }
@@ -147,7 +146,7 @@ bool ScreenShotBackView::hasBorder() const
 }
 
 // The device pixels that border and handles may touch, with a pixel of room for smooth edges.
-QRegion ScreenShotBackView::chromeRegion() const
+QRegion ScreenShotBackView::touchedPixels() const
 {
     if (!hasBorder())
         return {};
@@ -158,22 +157,4 @@ QRegion ScreenShotBackView::chromeRegion() const
         for (int code = 1; code <= RegionRules::kHandleCount; ++code)
             region += grown(devicePixels(RegionRules::handleRect(mRect, code)), 1);
     return region;
-}
-
-QRegion ScreenShotBackView::chromePoints() const
-{
-    return pointsOf(chromeRegion());
-}
-
-QRegion ScreenShotBackView::pointsOf(const QRegion& pixels) const
-{
-    QRegion points;
-    for (const QRect& r : pixels)
-        points += DevicePixels::pointsCovering(r, devicePixelRatioF());
-    return points.intersected(rect());
-}
-
-void ScreenShotBackView::updatePixels(const QRegion& pixels)
-{
-    update(pointsOf(pixels));
 }

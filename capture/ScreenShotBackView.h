@@ -1,14 +1,17 @@
 #pragma once
 
-#include "customui/View.h"
+#include "capture/ChromeLayer.h"
 
 #include <QImage>
-#include <QPainter>
-#include <QRegion>
+
+class RegionSizeView;
+class ZRMagnifierView;
+class ZRScreenshotCursorView;
 
 // The mask over the frozen display: dims everything outside the region and draws the region's border and its
-// eight handles. View points. Repaints no more than what a change of the region touches.
-class ScreenShotBackView : public View {
+// eight handles. The size label, the crosshair and the magnifier stand on it, the magnifier topmost. View
+// points. Repaints no more than what a change of the region touches.
+class ScreenShotBackView : public ChromeLayer {
 public:
     // The mask's black over what lies outside the region, 0 to 1.
     static constexpr double kDim = 0.5;
@@ -24,15 +27,20 @@ public:
     void setDrawResizeButton(bool isNeeded);
     void setNeedDrawDashBorder(bool isNeeded);
 
-    // What is not dimmed, in device pixels of the window; and the points that border and handles touch.
+    RegionSizeView& regionSizeView() const { return *m_regionSizeView; }
+    ZRScreenshotCursorView& crossView() const { return *m_crossView; }
+    ZRMagnifierView& magnifierView() const { return *m_magnifierView; }
+
+    // What is not dimmed, in device pixels of the window.
     QRect holePixels() const { return devicePixels(mRect); }
-    QRegion chromePoints() const;
 
     // The handle at a point: 1 to 8, 0 for none.
     int pointInResizeRect(ZRPoint point) const;
 
 private:
-    void paintEvent(QPaintEvent* event) override;
+    // Border and handles.
+    QRegion touchedPixels() const override;
+    void paintPixels(QPainter& painter, const QRegion& dirty) override;
     void _drawBackground(QPainter& painter, const QRegion& dirty) const;
     void _drawRegionBorder(QPainter& painter) const;
     void _drawSolidBorder(QPainter& painter) const;
@@ -40,10 +48,10 @@ private:
     void _drawResizeButton(QPainter& painter) const;
 
     bool hasBorder() const;
-    QRegion chromeRegion() const;
-    QRegion pointsOf(const QRegion& pixels) const;
-    void updatePixels(const QRegion& pixels);
 
+    RegionSizeView* m_regionSizeView;
+    ZRScreenshotCursorView* m_crossView;
+    ZRMagnifierView* m_magnifierView;
     ZRRect mRect;
     bool mIsNeedDrawResizeButton = false;
     bool mIsNeedDrawRegionBorder = false;

@@ -2,6 +2,8 @@
 
 #include "capture/ScreenCoverWindow.h"
 
+#include <QWheelEvent>
+
 ZREventView::ZREventView(ScreenCoverWindow& window)
     : View(&window)
     , m_window(window)
@@ -29,4 +31,9 @@ void ZREventView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
         m_window.mouseUp(translated(*event));
+}
+
+void ZREventView::wheelEvent(QWheelEvent* event)
+{
+    m_window.scrollWheel(translated(*event), event->angleDelta().y());
 }

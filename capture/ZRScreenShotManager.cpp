@@ -1,5 +1,6 @@
 #include "capture/ZRScreenShotManager.h"
 
+#include "capture/ChromeRules.h"
 #include "capture/OverlayKeys.h"
 #include "capture/RegionRules.h"
 #include "capture/ScreenShotBackView.h"
@@ -129,7 +130,8 @@ void ZRScreenShotManager::openOverlay()
     std::unique_ptr<ZRStaticScreenShotWindow> before = initScreenShotEditorWindow();
     mScreenShotController.initialize();
     AppSettings::setUseWindowRecognize(true);
-    recogniseUnderPointer();
+    showChromeUnderPointer();
+    updateCursor({});
     mScreenShotEditorWindow->makeKeyAndOrderFront();
     m_platform.inputGrab->grabKeyboard(*mScreenShotEditorWindow->windowHandle());
     discard(before);
@@ -138,7 +140,6 @@ void ZRScreenShotManager::openOverlay()
     mScreenShotEditorWindow->showFrame(*m_platform.windowServer);
     m_platform.inputGrab->grabPointer(*mScreenShotEditorWindow->windowHandle());
     m_platform.frontKeeper->keepInFront(*mScreenShotEditorWindow->windowHandle());
-    updateCursor();
     storeScreens();
 }
 
@@ -193,6 +194,7 @@ std::unique_ptr<ZRStaticScreenShotWindow> ZRScreenShotManager::initScreenShotEdi
     mScreenShotController.setView(&mScreenShotEditorWindow->backView());
     mScreenShotController.updateSelectedRegionRect({});
     m_candidates = WindowRules::candidates(windowInfos, m_frame->display());
+    m_windowWalk.reset();
     return before;
 }
 
@@ -218,7 +220,9 @@ void ZRScreenShotManager::mouseDown(const ZRMouseEvent& event)
     m_lastLocation = event.location;
     _beginRegionSelect(event.location);
     mScreenShotController.setIsDragView(false);
-    updateCursor();
+    if (mScreenShotController.isRegionLocked())
+        mScreenShotController.updateCrossViewRect({}, false);
+    updateCursor(event.location);
 }
 
 void ZRScreenShotManager::mouseUp(const ZRMouseEvent& event)
@@ -231,9 +235,10 @@ void ZRScreenShotManager::mouseUp(const ZRMouseEvent& event)
     _endRegionSelect();
     if (mScreenShotController.isRegionLocked()) {
         mScreenShotController.setIsDragView(false);
+        mScreenShotController.updateCrossViewRect({}, false);
         m_platform.inputGrab->releasePointer();
     }
-    updateCursor();
+    updateCursor(event.location);
 }
 
 void ZRScreenShotManager::mouseDragged(const ZRMouseEvent& event)
@@ -241,9 +246,12 @@ void ZRScreenShotManager::mouseDragged(const ZRMouseEvent& event)
     if (m_isEnding || !m_isPressed)
         return;
     m_lastLocation = event.location;
-    _updateDragPoint(RegionRules::cutToOverlay(event.location, overlaySize().width));
-    if (!mScreenShotController.isRegionLocked())
-        mScreenShotController.setIsDragView(false);
+    const ZRPoint point = RegionRules::cutToOverlay(event.location, overlaySize().width);
+    _updateDragPoint(point);
+    if (mScreenShotController.isRegionLocked())
+        return mScreenShotController.updateCrossViewRect({}, false);
+    mScreenShotController.setIsDragView(false);
+    showPointerAids(point);
 }
 
 void ZRScreenShotManager::mouseMoved(const ZRMouseEvent& event)
@@ -254,26 +262,44 @@ void ZRScreenShotManager::mouseMoved(const ZRMouseEvent& event)
         followPointer();
         return;
     }
-    updateCursor();
+    updateCursor(event.location);
+    if (mScreenShotController.isRegionLocked())
+        mScreenShotController.updateCrossViewRect({}, false);
+    else
+        showPointerAids(event.location);
     if (AppSettings::canUseWindowRecognize())
         _updateWindowInfoWithMouseLocation(event.location);
 }
 
-// The pixel that the pointer points at begins at `point` and lies right of and below it.
+// The pixel that the pointer points at begins at its location and lies right of and below it.
+ZRPoint ZRScreenShotManager::middleOfPixel(ZRPoint corner) const
+{
+    const double half = 0.5 / m_frame->display().scale;
+    return {corner.x + half, corner.y - half};
+}
+
 void ZRScreenShotManager::_updateWindowInfoWithMouseLocation(ZRPoint point)
 {
     if (mScreenShotController.isUseGraffitInNeed())
         return;
-    const double half = 0.5 / m_frame->display().scale;
-    if (const auto window = WindowRules::recognised(m_candidates, {point.x + half, point.y - half}))
+    if (const auto window = m_windowWalk.meant(m_candidates, middleOfPixel(point)))
         mScreenShotController.updateSelectedRegionRect(*window);
 }
 
-void ZRScreenShotManager::recogniseUnderPointer()
+void ZRScreenShotManager::showChromeUnderPointer()
 {
     const auto pointer = m_platform.displays->pointer();
-    if (pointer && m_frame->display().holds(*pointer))
-        _updateWindowInfoWithMouseLocation(m_frame->display().localPoint(*pointer));
+    if (!pointer || !m_frame->display().holds(*pointer))
+        return;
+    const ZRPoint point = m_frame->display().localPoint(*pointer);
+    showPointerAids(point);
+    _updateWindowInfoWithMouseLocation(point);
+}
+
+void ZRScreenShotManager::showPointerAids(ZRPoint point)
+{
+    mScreenShotController.updateCurrentMagnifierRect(point, true);
+    mScreenShotController.updateCrossViewRect(point, true);
 }
 
 void ZRScreenShotManager::followPointer()
@@ -309,6 +335,14 @@ void ZRScreenShotManager::rightMouseDown(const ZRMouseEvent&)
     _cancelScreenshot();
 }
 
+void ZRScreenShotManager::scrollWheel(const ZRMouseEvent& event, int angle)
+{
+    if (m_isEnding || !AppSettings::canUseWindowRecognize() || !isOnOverlay(event.location))
+        return;
+    m_windowWalk.turn(m_candidates, middleOfPixel(event.location), angle);
+    _updateWindowInfoWithMouseLocation(event.location);
+}
+
 void ZRScreenShotManager::keyDown(const QKeyEvent& event)
 {
     if (m_isEnding)
@@ -324,7 +358,11 @@ void ZRScreenShotManager::keyDown(const QKeyEvent& event)
     case OverlayAction::Copy:
         mScreenShotController.saveToPasteboardFromhotKey();
         break;
+    case OverlayAction::CopyColour:
+        mScreenShotController.copyMagnifiedColour();
+        break;
     case OverlayAction::None:
+        moveRegionByKey(event);
         break;
     }
     m_isEndedByKey = m_isEndedByKey && m_isEnding;
@@ -355,6 +393,22 @@ void ZRScreenShotManager::_updateDragPoint(ZRPoint point)
         return;
     mScreenShotController.updateSelectedRegionRect(changedRegion(region, point));
     mRegionBeginPoint = point;
+    if (mDirection != RegionRules::kBody)
+        mScreenShotController.updateCurrentMagnifierRect(point, true);
+}
+
+// A fixed region goes, or grows, by one device pixel.
+void ZRScreenShotManager::moveRegionByKey(const QKeyEvent& event)
+{
+    const auto step = arrowStep(event);
+    if (!step || !mScreenShotController.isRegionLocked() || mScreenShotController.isUseGraffitInNeed() ||
+        m_isPressed)
+        return;
+    const DisplayRecord& display = m_frame->display();
+    const QRect region = display.localPixels(mScreenShotController.regionRect());
+    const auto changed = step->isResize ? RegionRules::stretched : RegionRules::nudged;
+    mScreenShotController.updateSelectedRegionRect(
+        display.localRect(changed(region, step->by, display.pixels.size())));
 }
 
 // One step of moving or resizing a fixed region. Kept: the step is rounded to single precision.
@@ -382,14 +436,27 @@ void ZRScreenShotManager::_endRegionSelect()
         mScreenShotController.resizeRegionUnLock();
 }
 
-// The pointer's shape is a function of the state: a cross while the region is chosen, an arrow afterwards.
-void ZRScreenShotManager::updateCursor()
+void ZRScreenShotManager::updateCursor(ZRPoint point)
 {
     if (!mScreenShotEditorWindow)
         return;
-    const Qt::CursorShape shape = mScreenShotController.isRegionLocked() ? Qt::ArrowCursor : Qt::CrossCursor;
+    const Qt::CursorShape shape = pointerShape(point);
     if (mScreenShotEditorWindow->cursor().shape() != shape)
         mScreenShotEditorWindow->setCursor(shape);
+}
+
+// The pointer's shape is a function of the state: none while the crosshair shows, afterwards what a press at
+// the point would do, or does.
+Qt::CursorShape ZRScreenShotManager::pointerShape(ZRPoint point) const
+{
+    if (!mScreenShotController.isRegionLocked())
+        return Qt::BlankCursor;
+    if (mScreenShotController.isUseGraffitInNeed())
+        return Qt::ArrowCursor;
+    const ZRPoint taken = m_isPressed ? mRegionBeginPoint : point;
+    const int handle = m_isPressed ? int(mDirection) : mScreenShotController.pointInResizeRect(point);
+    return ChromeRules::pointerShape(
+        handle, RegionRules::isWithinReach(mScreenShotController.regionRect(), taken));
 }
 
 void ZRScreenShotManager::stopScreenShot()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/CaptureOutcome.h"
+#include "capture/WindowWalk.h"
 #include "capture/ZRScreenShotViewController.h"
 #include "customui/View.h"
 #include "platform/Platform.h"
@@ -54,6 +55,8 @@ public:
     void mouseDragged(const ZRMouseEvent& event);
     void mouseMoved(const ZRMouseEvent& event);
     void rightMouseDown(const ZRMouseEvent& event);
+    // `angle` in eighths of a degree.
+    void scrollWheel(const ZRMouseEvent& event, int angle);
     void keyDown(const QKeyEvent& event);
 
     // From here on the capture takes no further input.
@@ -78,7 +81,9 @@ private:
     void prepareOverlay();
 
     void _updateWindowInfoWithMouseLocation(ZRPoint point);
-    void recogniseUnderPointer();
+    ZRPoint middleOfPixel(ZRPoint corner) const;
+    void showChromeUnderPointer();
+    void showPointerAids(ZRPoint point);
     void followPointer();
     void moveToDisplayUnderPointer();
     bool isOnOverlay(ZRPoint point) const;
@@ -88,7 +93,9 @@ private:
     void _endRegionSelect();
     ZRRect changedRegion(ZRRect region, ZRPoint point);
     ZRSize overlaySize() const; // points
-    void updateCursor();
+    void moveRegionByKey(const QKeyEvent& event);
+    void updateCursor(ZRPoint point);
+    Qt::CursorShape pointerShape(ZRPoint point) const;
 
     void releaseInput();
     void scheduleClear();
@@ -108,6 +115,7 @@ private:
     std::unique_ptr<ZRStaticScreenShotWindow> m_preparedWindow;
     std::shared_ptr<const Frame> m_frame;
     std::vector<ZRRect> m_candidates; // the windows that recognition may pick on the frozen display
+    WindowWalk m_windowWalk;
     quint64 m_captureNumber = 0;
     bool m_isEnding = false;
     bool m_isMoving = false;     // the overlay is about to follow the pointer

@@ -1,11 +1,17 @@
 #include "capture/ZRScreenShotViewController.h"
 
 #include "capture/PictureRules.h"
+#include "capture/RegionSizeView.h"
 #include "capture/ScreenShotBackView.h"
+#include "capture/ZRMagnifierView.h"
 #include "capture/ZRScreenShotManager.h"
+#include "capture/ZRScreenshotCursorView.h"
 #include "commonutils/CommLog.h"
 #include "editor/ZRScreenShotSetting.h"
 #include "settings/AppSettings.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
 
 namespace {
 
@@ -18,6 +24,9 @@ constexpr int kNominalResolution = 16; // the quality setting that asks for one 
 void ZRScreenShotViewController::setView(ScreenShotBackView* view)
 {
     m_view = view;
+    mRegionSizeView = &view->regionSizeView();
+    mMagnifierView = &view->magnifierView();
+    mCrossView = &view->crossView();
 }
 
 void ZRScreenShotViewController::initialize()
@@ -33,8 +42,10 @@ void ZRScreenShotViewController::initialize()
 
 void ZRScreenShotViewController::clear()
 {
-    if (m_view)
+    if (m_view) {
         m_view->clear();
+        mRegionSizeView->clear();
+    }
     mIsRegionLocked = false;
     AppSettings::setUseWindowRecognize(true);
 }
@@ -48,17 +59,53 @@ void ZRScreenShotViewController::regionLock()
 {
     if (!m_view)
         return;
-    if (AppSettings::canUseWindowRecognize())
+    if (AppSettings::canUseWindowRecognize()) {
         m_view->setDrawResizeButton(false);
-    else
+    } else {
         mIsRegionLocked = true;
+        updateCurrentMagnifierRect({}, false);
+    }
     m_view->updateSelectedRegionRect();
+    mRegionSizeView->updateRegionSzie(m_view->regionRect());
 }
 
 void ZRScreenShotViewController::updateSelectedRegionRect(ZRRect rect)
 {
-    if (m_view)
-        m_view->setSelectedRegionRect(rect);
+    if (!m_view)
+        return;
+    m_view->setSelectedRegionRect(rect);
+    mRegionSizeView->updateRegionSzie(rect);
+}
+
+void ZRScreenShotViewController::updateCurrentMagnifierRect(ZRPoint point, bool isNeedShow)
+{
+    const auto frame = mManager->frame();
+    if (!m_view || !frame)
+        return;
+    if (!isNeedShow)
+        return mMagnifierView->hideMagnifierView();
+    const QImage& sample = m_sample.around(*frame, point);
+    const QPointF middle(sample.width() * 0.5, sample.height() * 0.5);
+    mMagnifierView->showMagnifierWithContent(
+        sample, point, m_view->regionRect(), AppSettings::getPixelColorAtLocation(middle, sample));
+}
+
+void ZRScreenShotViewController::updateCrossViewRect(ZRPoint point, bool isNeedShow)
+{
+    if (!m_view)
+        return;
+    if (!isNeedShow)
+        return mCrossView->hideCross();
+    mCrossView->updateCrossLocation(point);
+    mCrossView->showCross();
+}
+
+void ZRScreenShotViewController::copyMagnifiedColour()
+{
+    if (!m_view || !mMagnifierView->isShown() || mMagnifierView->locationText().isEmpty())
+        return;
+    QGuiApplication::clipboard()->setText(mMagnifierView->locationText());
+    mMagnifierView->showColourCopied();
 }
 
 int ZRScreenShotViewController::pointInResizeRect(ZRPoint point) const

@@ -2,20 +2,24 @@
 
 #include "capture/CaptureOutcome.h"
 #include "capture/PictureJobs.h"
+#include "capture/PixelSample.h"
 #include "geometry/ZRRect.h"
 
 #include <QObject>
 #include <QPointer>
 
+class RegionSizeView;
 class ScreenShotBackView;
+class ZRMagnifierView;
 class ZRScreenShotManager;
+class ZRScreenshotCursorView;
 
 // What the overlay shows over the frozen display, the state of the selected region, and the way of a fixed
 // region to a file. One for the program's life; the view is the running capture's. Overlay points.
 class ZRScreenShotViewController : public QObject {
 public:
     void setScreenshotManager(ZRScreenShotManager* manager) { mManager = manager; } // not owned
-    // The running capture's view, owned by its overlay.
+    // The running capture's view, owned by its overlay, with the size label, magnifier and crosshair in it.
     void setView(ScreenShotBackView* view);
     // Makes the controller ready for a new selection on its view.
     void initialize();
@@ -34,6 +38,11 @@ public:
     int pointInResizeRect(ZRPoint point) const;
     bool isDragView() const { return _isDragView; }
     void setIsDragView(bool isDragged);
+    // Shows magnifier or crosshair at a point, or hides it.
+    void updateCurrentMagnifierRect(ZRPoint point, bool isNeedShow);
+    void updateCrossViewRect(ZRPoint point, bool isNeedShow);
+    // Puts the colour that the magnifier shows on the clipboard as "#rrggbb"; nothing while it is hidden.
+    void copyMagnifiedColour();
     // Whether an annotation tool takes the presses on the region.
     bool isUseGraffitInNeed() const;
 
@@ -57,6 +66,10 @@ private:
 
     ZRScreenShotManager* mManager = nullptr;
     QPointer<ScreenShotBackView> m_view;
+    QPointer<RegionSizeView> mRegionSizeView;
+    QPointer<ZRMagnifierView> mMagnifierView;
+    QPointer<ZRScreenshotCursorView> mCrossView;
+    PixelSample m_sample; // what the magnifier shows
     PictureJobs m_jobs;
     bool mIsRegionLocked = false;
     bool mIsResizing = false;

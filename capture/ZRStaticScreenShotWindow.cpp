@@ -8,11 +8,12 @@ ZRStaticScreenShotWindow::ZRStaticScreenShotWindow(const DisplayRecord& display)
     , m_backView(new ScreenShotBackView(this))
 {
     addLayer(*m_backView);
+    m_backView->coverDisplay(display);
 }
 
 void ZRStaticScreenShotWindow::showFrame(WindowServer& server)
 {
-    presentFrame(server, {ScreenShotBackView::kDim, m_backView->holePixels()}, m_backView->chromePoints());
+    presentFrame(server, {ScreenShotBackView::kDim, m_backView->holePixels()}, m_backView->touchedPoints());
 }
 
 void ZRStaticScreenShotWindow::mouseDown(const ZRMouseEvent& event)
@@ -43,6 +44,12 @@ void ZRStaticScreenShotWindow::rightMouseDown(const ZRMouseEvent& event)
 {
     if (mManager)
         mManager->rightMouseDown(event);
+}
+
+void ZRStaticScreenShotWindow::scrollWheel(const ZRMouseEvent& event, int angle)
+{
+    if (mManager)
+        mManager->scrollWheel(event, angle);
 }
 
 void ZRStaticScreenShotWindow::keyDown(const QKeyEvent& event)

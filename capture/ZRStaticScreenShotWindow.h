@@ -23,6 +23,7 @@ public:
     void mouseDragged(const ZRMouseEvent& event) override;
     void mouseMoved(const ZRMouseEvent& event) override;
     void rightMouseDown(const ZRMouseEvent& event) override;
+    void scrollWheel(const ZRMouseEvent& event, int angle) override;
     void keyDown(const QKeyEvent& event) override;
 
 private:

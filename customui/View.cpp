@@ -1,7 +1,9 @@
 #include "customui/View.h"
 
+#include "customui/DevicePixels.h"
 #include "geometry/ZRServerRect.h"
 
+#include <QImage>
 #include <QtMath>
 
 namespace {
@@ -19,6 +21,20 @@ View::View(QWidget* parent, Qt::WindowFlags flags)
 {
 }
 
+std::optional<QColor> View::getPixlColorAtLocation(ZRPoint location)
+{
+    const QPoint pixel = devicePixels({location.x, location.y, 0, 0}).topLeft();
+    const double scale = devicePixelRatioF();
+    const QRect points = DevicePixels::pointsCovering({pixel, QSize(1, 1)}, scale);
+    if (!rect().contains(points))
+        return std::nullopt;
+    QImage drawn(points.size() * qCeil(scale), QImage::Format_ARGB32_Premultiplied);
+    drawn.setDevicePixelRatio(scale);
+    drawn.fill(Qt::transparent);
+    render(&drawn, {}, points, DrawChildren);
+    return drawn.pixelColor(pixel - DevicePixels::covering(points, scale).topLeft());
+}
+
 QRect View::devicePixels(ZRRect rect) const
 {
     const ZRServerRect r = flippedDown(rect.normalized(), exactHeight());
@@ -28,7 +44,7 @@ QRect View::devicePixels(ZRRect rect) const
     return {first, QSize(end.x() - first.x(), end.y() - first.y())};
 }
 
-ZRMouseEvent View::translated(const QMouseEvent& event) const
+ZRMouseEvent View::translated(const QSinglePointEvent& event) const
 {
     // Qt rounds a widget's own position to whole points; the scene position keeps the device pixel.
     const QPointF p = event.scenePosition();

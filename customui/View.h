@@ -2,8 +2,11 @@
 
 #include "geometry/ZRRect.h"
 
+#include <QColor>
 #include <QMouseEvent>
 #include <QWidget>
+
+#include <optional>
 
 // A mouse event as a View hands it on.
 struct ZRMouseEvent {
@@ -21,12 +24,14 @@ public:
     // factor is not the height of the device pixels below it. Until it is set, Qt's height holds.
     void setExactHeight(double points) { m_exactHeight = points; }
     double exactHeight() const { return m_exactHeight > 0 ? m_exactHeight : height(); }
+    // What the view, with those in it, draws on the device pixel that begins at a point; nothing beside it.
+    std::optional<QColor> getPixlColorAtLocation(ZRPoint location);
 
 protected:
     // The device pixels of a rectangle, y growing downwards from the top; edges rounded to the nearest pixel.
     QRect devicePixels(ZRRect rect) const;
     // The event with its location in the view's window, which is a View as well; exact at every scale factor.
-    ZRMouseEvent translated(const QMouseEvent& event) const;
+    ZRMouseEvent translated(const QSinglePointEvent& event) const;
 
 private:
     double m_exactHeight = 0;
