@@ -1,6 +1,6 @@
 #!/bin/sh
 # Measures the program beside its floors and prints one table of ratios; ends with 1 when a limit is not kept.
-#   scripts/bench.sh [NAME...]    only the named benches: start overlay drag capture png rest
+#   scripts/bench.sh [NAME...]    only the named benches: start overlay drag capture png languages rest
 set -eu
 cd "$(dirname "$0")/.."
 

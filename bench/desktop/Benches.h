@@ -11,4 +11,5 @@ void benchWindows(BenchDesktop& bench, BenchTable& table);
 void benchHover(BenchDesktop& bench, BenchTable& table);
 void benchCapture(BenchDesktop& bench, BenchTable& table);
 void benchPng(BenchDesktop& bench, BenchTable& table);
+void benchLanguages(BenchDesktop& bench, BenchTable& table);
 void benchRest(BenchDesktop& bench, BenchTable& table);

@@ -17,6 +17,7 @@ constexpr Bench kBenches[] = {
     {"hover", benchHover},
     {"capture", benchCapture},
     {"png", benchPng},
+    {"languages", benchLanguages},
     {"rest", benchRest},
 };
 
