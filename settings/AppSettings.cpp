@@ -15,13 +15,13 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
-#include <QSet>
 #include <QStandardPaths>
 
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <utility>
+#include <vector>
 
 using namespace SettingsKeys;
 
@@ -92,14 +92,17 @@ std::optional<ScreenInfo> storedScreen(const QString& key)
     return ScreenInfo::decoded(storedArchive(key).toMap());
 }
 
-void logMissingText(const QString& keywords, const QString& language)
+void logMissingText(QStringView keywords, const QString& language)
 {
-    static QSet<QString> logged;
-    const QString place = language + QLatin1Char('/') + keywords;
-    if (logged.contains(place))
-        return;
-    logged.insert(place);
-    CommLog::log(QStringLiteral("the language %1 has no text for \"%2\""), language, keywords);
+    struct Text {
+        QString language, keywords;
+    };
+    static std::vector<Text> logged;
+    for (const Text& text : logged)
+        if (text.language == language && text.keywords == keywords)
+            return;
+    logged.push_back({language, keywords.toString()});
+    CommLog::log(QStringLiteral("the language %1 has no text for \"%2\""), language, logged.back().keywords);
 }
 
 void storeScreen(const QString& key, const std::optional<ScreenInfo>& screen)
@@ -365,7 +368,7 @@ QString AppSettings::getXMLValueForKeywords(QStringView keywords)
     const QString language = ClientLanguage();
     QString text = ZRParserManager::getValueForKeywords(keywords, language);
     if (text.isNull())
-        logMissingText(keywords.toString(), language);
+        logMissingText(keywords, language);
     return text;
 }
 

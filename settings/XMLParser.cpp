@@ -17,18 +17,6 @@ bool failed(XMLError* error, QLatin1String domain, int code, const QString& mess
     return false;
 }
 
-bool hasLongPiece(const QByteArray& bytes)
-{
-    qsizetype start = 0;
-    while (start >= 0 && bytes.size() - start > XMLParser::kLongestPiece) {
-        const qsizetype next = bytes.indexOf('<', start + 1);
-        if ((next < 0 ? bytes.size() : next) - start > XMLParser::kLongestPiece)
-            return true;
-        start = next;
-    }
-    return false;
-}
-
 // What the reader would take, or would take long over: attributes of one element cost it the square of their
 // number, and a document type can declare entities that unfold without end.
 QString problemOf(const QByteArray& bytes)
@@ -37,10 +25,16 @@ QString problemOf(const QByteArray& bytes)
         return QStringLiteral("larger than %1 bytes").arg(XMLParser::kLargest);
     if (bytes.contains('\0'))
         return QStringLiteral("not in UTF-8");
-    if (bytes.contains("<!DOCTYPE"))
-        return QStringLiteral("it has a document type");
-    if (hasLongPiece(bytes))
-        return QStringLiteral("a tag and its text are longer than %1 bytes").arg(XMLParser::kLongestPiece);
+    for (qsizetype start = 0; start < bytes.size();) {
+        const qsizetype next = bytes.indexOf('<', start + 1);
+        const qsizetype end = next < 0 ? bytes.size() : next;
+        if (end - start > XMLParser::kLongestPiece)
+            return QStringLiteral("a tag and its text are longer than %1 bytes")
+                .arg(XMLParser::kLongestPiece);
+        if (QByteArrayView(bytes).sliced(start).startsWith("<!DOCTYPE"))
+            return QStringLiteral("it has a document type");
+        start = end;
+    }
     return {};
 }
 
@@ -59,7 +53,7 @@ bool XMLParser::parseWithFilePath(const QString& path, XMLError* error)
     if (!file.open(QIODevice::ReadOnly))
         return failed(error, XMLError::kXmlDomain, XMLError::kNoParser,
             QStringLiteral("init Parser failed: %1").arg(file.errorString()));
-    if (!parse(file.read(kLargest + 1), error))
+    if (!parse(file.read(std::min(file.size(), kLargest) + 1), error))
         return false;
     m_identifiter = QFileInfo(path).completeBaseName();
     return true;
@@ -102,27 +96,29 @@ void XMLParser::read(QXmlStreamReader& reader)
 
 void XMLParser::didStartElement(const QXmlStreamReader& reader)
 {
-    m_elementName = reader.qualifiedName().toString();
+    const QStringView name = reader.qualifiedName();
+    m_elementName.setUnicode(name.data(), name.size());
     m_isInElement = true;
-    m_text = QLatin1String("");
+    m_hasLineBreak = false;
+    m_text = QStringLiteral("");
     for (const QXmlStreamAttribute& attribute : reader.attributes())
         m_table.insert_or_assign(attribute.qualifiedName().toString(), attribute.value().toString());
 }
 
 void XMLParser::foundCharacters(QStringView characters)
 {
-    m_text.append(characters);
-    if (!m_isInElement || !characters.contains(u'\n'))
-        return;
-    m_isInElement = false;
-    open(m_elementName, QString());
+    m_hasLineBreak = m_hasLineBreak || characters.contains(u'\n');
+    if (!m_hasLineBreak)
+        m_text.append(characters);
+    else if (std::exchange(m_isInElement, false))
+        open(m_elementName, QString());
 }
 
 void XMLParser::didEndElement(QStringView elementName)
 {
-    if (!m_text.contains(u'\n') && !m_openNodes.empty())
-        open(elementName.toString(), m_text);
     m_isInElement = false;
+    if (!m_hasLineBreak && !m_openNodes.empty())
+        open(elementName.toString(), m_text);
     close(elementName);
 }
 

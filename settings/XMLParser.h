@@ -67,7 +67,8 @@ private:
 
     // While a file is read.
     QString m_elementName;
-    QString m_text;                    // since the last element began
-    bool m_isInElement = false;        // an element has begun that is neither a group yet nor ended
+    bool m_isInElement = false; // an element has begun that is neither a group yet nor ended
+    QString m_text;             // since the last element began, as long as it has no line break
+    bool m_hasLineBreak = false;
     std::vector<XMLNode*> m_openNodes; // outermost first
 };
