@@ -20,6 +20,7 @@ BenchWindows::~BenchWindows()
     for (const xcb_window_t window : m_windows)
         xcb_destroy_window(m_server.connection(), window);
     m_server.sync();
+    waitForWindowManager();
 }
 
 void BenchWindows::open(QRect pixels)
@@ -31,6 +32,7 @@ void BenchWindows::open(QRect pixels)
 bool BenchWindows::openManaged(int count)
 {
     const size_t before = m_server.visibleWindows().size();
+    m_unmanagedCount = m_server.windowCount();
     for (int i = 0; i < count; ++i)
         create({i * 4 % m_server.size().width(), i * 3 % m_server.size().height(), 120, 90}, true);
     m_server.sync();
@@ -38,6 +40,16 @@ bool BenchWindows::openManaged(int count)
         m_server.wakeWindowManager();
         return m_server.visibleWindows().size() >= before + count;
     }));
+}
+
+// The server gives the next program the identifiers of ours, as soon as this connection is closed: what the
+// window manager then still asks for our windows would happen to those of the next program.
+void BenchWindows::waitForWindowManager() const
+{
+    millisecondsUntil({}, [this] {
+        m_server.wakeWindowManager();
+        return !m_unmanagedCount || m_server.windowCount() <= *m_unmanagedCount;
+    });
 }
 
 void BenchWindows::create(QRect r, bool isManaged)

@@ -2,6 +2,7 @@
 
 #include "tests/desktop/XClient.h"
 
+#include <optional>
 #include <vector>
 
 // Windows of one program, which go with the object. Device pixels of the root window.
@@ -20,6 +21,9 @@ private:
     void create(QRect pixels, bool isManaged);
     void setText(xcb_window_t window, xcb_atom_t property, const QByteArray& text);
 
+    void waitForWindowManager() const;
+
     XClient m_server;
     std::vector<xcb_window_t> m_windows;
+    std::optional<int> m_unmanagedCount; // of the windows on the root, before the managed ones
 };
