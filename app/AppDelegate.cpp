@@ -48,7 +48,7 @@ AppDelegate::AppDelegate(Platform& platform)
     m_background.setMaxThreadCount(1);
     m_background.setExpiryTimeout(0); // no thread lingers, so none wakes up later
     ToolScreen::install(platform.displays.get());
-    EventMonitor::install(platform.hotKeys.get());
+    EventMonitor::install(platform.hotKeys.get(), platform.mouseMonitor.get());
     AppSettings::install(platform.workspace.get(), platform.loginItem.get());
     m_update.onResult = [this](const UpdateResult& result) { logUpdate(result); };
 }

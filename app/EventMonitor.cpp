@@ -1,6 +1,9 @@
 #include "app/EventMonitor.h"
 
 #include "app/DnHotkeyManager.h"
+#include "capture/ToolScreen.h"
+#include "commonutils/CommLog.h"
+#include "commonutils/NotificationCenter.h"
 #include "settings/AppSettings.h"
 #include "settings/NamedHotKeys.h"
 
@@ -13,6 +16,7 @@ namespace {
 
 struct State {
     HotKeys* hotKeys = nullptr;
+    MouseMonitor* mouse = nullptr;
     std::unique_ptr<DnHotkeyManager> manager;
     quint32 regionId = 0;
     quint32 fullId = 0;
@@ -55,12 +59,22 @@ void unbind(quint32& id)
         state().manager->unbind(bound);
 }
 
+void postMouseAction(MouseMonitor::Action action)
+{
+    const ZRPoint location = ToolScreen::mouseLocation().value_or(ZRPoint{});
+    NotificationCenter::defaultCenter().post(QStringLiteral("eventMonitorCallBackRegister"),
+        {{QStringLiteral("eventType"), int(action)}, {QStringLiteral("eventLocationX"), float(location.x)},
+            {QStringLiteral("eventLocationY"), float(location.y)}});
 }
 
-void EventMonitor::install(HotKeys* hotKeys)
+}
+
+void EventMonitor::install(HotKeys* hotKeys, MouseMonitor* mouse)
 {
     unregisterHotKeyMonitor();
     state().hotKeys = hotKeys;
+    if (MouseMonitor* before = std::exchange(state().mouse, mouse))
+        before->onAction = nullptr;
     AppSettings::install(hotKeys ? &namedKeys() : nullptr);
 }
 
@@ -103,6 +117,22 @@ void EventMonitor::unregisterHotKeyMonitorWithKeyName(const QString& hotKey)
         unbind(s.fullId);
     else if (quint32 id = s.namedIds.take(hotKey))
         unbind(id);
+}
+
+void EventMonitor::startEventMonitor()
+{
+    stopEventMonitor();
+    MouseMonitor* mouse = state().mouse;
+    if (!mouse)
+        return;
+    mouse->onAction = postMouseAction;
+    if (!mouse->start())
+        CommLog::log(QStringLiteral("the desktop does not tell what the mouse does"));
+}
+
+void EventMonitor::stopEventMonitor()
+{
+    unregisterHotKeyMonitorWithKeyName(QStringLiteral("backspace"));
 }
 
 QStringList EventMonitor::refusals()

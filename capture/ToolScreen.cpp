@@ -96,6 +96,16 @@ std::optional<DisplayRecord> ToolScreen::screenUnderPointer()
     return firstScreenWhere([&pointer](const DisplayRecord& d) { return d.holds(*pointer); });
 }
 
+std::optional<ZRPoint> ToolScreen::mouseLocation()
+{
+    const auto screen = screenUnderPointer();
+    const auto pointer = g_displays ? g_displays->pointer() : std::nullopt;
+    if (!screen || !pointer)
+        return std::nullopt;
+    const ZRPoint local = screen->localPoint(*pointer);
+    return ZRPoint{screen->frame.x + local.x, screen->frame.y + local.y};
+}
+
 QScreen* ToolScreen::qtScreen(const DisplayRecord& display)
 {
     const auto all = QGuiApplication::screens();

@@ -31,6 +31,8 @@ public:
 
     // The display that holds the pointer, decided in device pixels.
     static std::optional<DisplayRecord> screenUnderPointer();
+    // Where the pointer is on the screen; empty when no display holds it.
+    static std::optional<ZRPoint> mouseLocation();
     // Qt's screen of a display; null when it is gone.
     static QScreen* qtScreen(const DisplayRecord& display);
 };

@@ -5,6 +5,7 @@
 #include "platform/HotKeys.h"
 #include "platform/InputGrab.h"
 #include "platform/LoginItem.h"
+#include "platform/MouseMonitor.h"
 #include "platform/StatusItemHost.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
@@ -19,6 +20,7 @@ struct Platform {
     std::unique_ptr<HotKeys> hotKeys;
     std::unique_ptr<InputGrab> inputGrab;
     std::unique_ptr<FrontKeeper> frontKeeper;
+    std::unique_ptr<MouseMonitor> mouseMonitor;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<LoginItem> loginItem;
     std::unique_ptr<StatusItemHost> statusItemHost;

@@ -6,6 +6,7 @@
 #include "platform/x11/NativeHotKeys.h"
 #include "platform/x11/NativeInputGrab.h"
 #include "platform/x11/NativeLoginItem.h"
+#include "platform/x11/NativeMouseMonitor.h"
 #include "platform/x11/NativeStatusItemHost.h"
 #include "platform/x11/NativeWindowServer.h"
 #include "platform/x11/NativeWorkspace.h"
@@ -53,6 +54,7 @@ Platform makePlatform()
     platform.hotKeys = std::make_unique<NativeHotKeys>(x);
     platform.inputGrab = std::make_unique<NativeInputGrab>(x);
     platform.frontKeeper = std::make_unique<NativeFrontKeeper>(x);
+    platform.mouseMonitor = std::make_unique<NativeMouseMonitor>(x);
     platform.workspace = std::make_unique<NativeWorkspace>(x);
     platform.loginItem = std::make_unique<NativeLoginItem>(QCoreApplication::applicationFilePath());
     platform.statusItemHost = std::make_unique<NativeStatusItemHost>(x);

@@ -1,8 +1,12 @@
 #include "app/EventMonitor.h"
 
+#include "capture/ToolScreen.h"
+#include "commonutils/NotificationCenter.h"
 #include "settings/AppSettings.h"
 #include "settings/UserDefaults.h"
+#include "tests/fakes/FakeDisplays.h"
 #include "tests/fakes/FakeHotKeys.h"
+#include "tests/fakes/FakeMouseMonitor.h"
 
 #include <QTemporaryDir>
 
@@ -15,7 +19,7 @@ protected:
     void SetUp() override
     {
         UserDefaults::setStandardUserDefaults(&m_store);
-        EventMonitor::install(&hotKeys);
+        EventMonitor::install(&hotKeys, &mouse);
     }
     void TearDown() override
     {
@@ -31,6 +35,7 @@ protected:
     QTemporaryDir m_folder;
     UserDefaults m_store{m_folder.path(), QStringLiteral("test"), QStringLiteral("older")};
     FakeHotKeys hotKeys;
+    FakeMouseMonitor mouse;
     QStringList fired;
 };
 
@@ -95,4 +100,40 @@ TEST_F(EventMonitorTest, TellsWhichKeyIsRefusedUntilItWorks)
     EXPECT_TRUE(EventMonitor::refusals()[0].contains(QStringLiteral("cmd 1")));
     hotKeys.onStateChange(1, {});
     EXPECT_EQ(EventMonitor::refusals().size(), 1);
+}
+
+TEST_F(EventMonitorTest, PostsWhatTheMouseDoesOnceItIsStarted)
+{
+    FakeDisplays displays; // one above and right of the first, at twice the scale
+    displays.displays.push_back(FakeDisplays::display(2, QRect(800, -400, 600, 800), 2));
+    ToolScreen::install(&displays);
+    QObject observer;
+    QList<QVariantMap> posted;
+    NotificationCenter::defaultCenter().addObserver(observer, QStringLiteral("eventMonitorCallBackRegister"),
+        [&posted](const QVariantMap& object) { posted << object; });
+    EXPECT_EQ(mouse.starts, 0);
+    EventMonitor::startEventMonitor();
+    EventMonitor::startEventMonitor();
+    EventMonitor::stopEventMonitor(); // leaves the mouse alone
+    struct Case {
+        MouseMonitor::Action action;
+        QPoint pixel;
+        int type;
+        float x, y;
+    };
+    const Case cases[] = {
+        {MouseMonitor::Action::Moved, {10, 590}, 5, 10, 10},
+        {MouseMonitor::Action::RightDown, {900, 300}, 3, 850, 650},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.type);
+        displays.pointerPixel = c.pixel;
+        mouse.onAction(c.action);
+        ASSERT_EQ(posted.size(), 1);
+        const QVariantMap object = posted.takeFirst();
+        EXPECT_EQ(object[QStringLiteral("eventType")].toInt(), c.type);
+        EXPECT_EQ(object[QStringLiteral("eventLocationX")].toFloat(), c.x);
+        EXPECT_EQ(object[QStringLiteral("eventLocationY")].toFloat(), c.y);
+    }
+    ToolScreen::install(nullptr);
 }

@@ -6,6 +6,7 @@
 #include "tests/fakes/FakeHotKeys.h"
 #include "tests/fakes/FakeInputGrab.h"
 #include "tests/fakes/FakeLoginItem.h"
+#include "tests/fakes/FakeMouseMonitor.h"
 #include "tests/fakes/FakeStatusItemHost.h"
 #include "tests/fakes/FakeWindowServer.h"
 #include "tests/fakes/FakeWorkspace.h"
@@ -20,6 +21,7 @@ inline Platform makeFakePlatform()
     platform.hotKeys = std::make_unique<FakeHotKeys>();
     platform.inputGrab = std::make_unique<FakeInputGrab>();
     platform.frontKeeper = std::make_unique<FakeFrontKeeper>();
+    platform.mouseMonitor = std::make_unique<FakeMouseMonitor>();
     platform.workspace = std::make_unique<FakeWorkspace>();
     platform.loginItem = std::make_unique<FakeLoginItem>();
     platform.statusItemHost = std::make_unique<FakeStatusItemHost>();

@@ -103,6 +103,13 @@ void XClient::movePointer(QPoint pixel)
     sync();
 }
 
+void XClient::button(uint8_t button, bool isDown)
+{
+    xcb_test_fake_input(m_connection, isDown ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, button,
+        XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    sync();
+}
+
 xcb_window_t XClient::openWindow(const QRect& r, uint32_t colour, bool isManaged)
 {
     const xcb_window_t window = xcb_generate_id(m_connection);

@@ -52,6 +52,7 @@ public:
     void release(xcb_keycode_t key);
     // Moves the real pointer, to a pixel of the root window.
     void movePointer(QPoint pixel);
+    void button(uint8_t button, bool isDown);
     // A mapped window of one colour, which hears keys.
     xcb_window_t openWindow(const QRect& pixels, uint32_t colour, bool isManaged = false);
     void focus(xcb_window_t window);
