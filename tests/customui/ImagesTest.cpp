@@ -8,18 +8,15 @@ namespace {
 
 // Each with the states -normal, -hover and -down.
 const QStringList kControls = QStringLiteral(
-    "save close pin upload copy share ok brush markerPen line arrow font square mosaic blur ellipse eraser "
-    "redo "
-    "forward 4pxDot 6pxDot 10pxDot facebook google twinter pinster pop-upload-help pop-upload-close "
-    "recordKey clearKey stepUp stepDown "
-    "region fullscreen tools crosshair colorpicker record options help tutorial support forum feedback "
-    "update "
-    "about quit reopen")
+    "save close pin upload copy share ok brush markerPen line arrow font square mosaic blur ellipse "
+    "eraser redo forward 4pxDot 6pxDot 10pxDot facebook google twinter pinster pop-upload-help "
+    "pop-upload-close recordKey clearKey region fullscreen tools crosshair colorpicker record options "
+    "help tutorial support forum feedback update about quit reopen")
                                   .split(QLatin1Char(' '));
 // Names that stand for one picture, or are spelled in their own way.
 const QStringList kSingles = QStringLiteral(
     "dinClose-nomal dinClose-hover dinClose-down dropDown-normal crossImage cross_lighter colorabc logo "
-    "Icon256x256 statusbar_normal_1024 magnifierFrame formPublic formPrivate formKnob")
+    "Icon256x256 statusbar_normal_1024 formPublic formPrivate formKnob")
                                  .split(QLatin1Char(' '));
 
 QStringList allNames()
