@@ -97,6 +97,7 @@ ZRScreenShotStatusbar::~ZRScreenShotStatusbar()
 
 void ZRScreenShotStatusbar::addItems()
 {
+    statusbarMenu->setWindowTitle(AppSettings::AppIdentify());
     watchMenu(*statusbarMenu);
     for (const Item& item : kItems) {
         QMenu& menu = menuAt(item.place);
@@ -146,8 +147,8 @@ void ZRScreenShotStatusbar::makeStatusItem()
     mStatusBarItem->setToolTip(AppSettings::AppIdentify());
     connect(mStatusBarItem.get(), &QSystemTrayIcon::activated, this,
         [this](QSystemTrayIcon::ActivationReason reason) {
-            if (reason == QSystemTrayIcon::Trigger)
-                openMenu();
+            if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
+                openMenu(); // a press soon after another one counts as a double click
         });
     dress();
     monitorApplicationModalWindow();

@@ -10,9 +10,9 @@ build="cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libgl-dev
     libgtest-dev libxcb-xtest0-dev"
 # A desktop where there is none: a server, a window manager, programs with windows, a hand on mouse and keys.
 desktop="xvfb openbox xterm x11-apps x11-utils x11-xserver-utils xdotool fonts-dejavu-core"
-# Beside that desktop the tests change the keyboard's layout, read every file type back, paste, and feed readers with
-# what clang's fuzzer makes up.
-test="x11-xkb-utils qt6-image-formats-plugins xclip clang libclang-rt-dev"
+# Beside that desktop the tests change the keyboard's layout, read every file type back, paste, want a tray and a
+# session bus, and feed readers with what clang's fuzzer makes up.
+test="x11-xkb-utils qt6-image-formats-plugins xclip trayer dbus dbus-bin clang libclang-rt-dev"
 bench="libxcb-damage0-dev scrot"
 
 wanted="$build $desktop $test"

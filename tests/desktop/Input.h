@@ -12,12 +12,14 @@ enum class Key : quint8 {
     Digit9 = 18,
     Tab = 23,
     Q = 24,
+    Return = 36,
     Control = 37,
     A = 38,
     S = 39,
     D = 40,
     C = 54,
     Alt = 64,
+    Up = 111,
     Super = 133,
 };
 

@@ -1,0 +1,257 @@
+#include "tests/desktop/ProgramTest.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace {
+
+constexpr QPoint kRegionEntry(60, 19); // from the menu's corner
+constexpr QPoint kFullEntry(60, 47);
+constexpr QPoint kTrayIcon(1268, 13);
+
+// The screen's corner is free for a tray, its middle for the menu.
+class Menu : public ProgramTest {
+protected:
+    Menu()
+        : ProgramTest({{1280, 800}, true, false})
+    {
+    }
+
+    xcb_window_t menu() const
+    {
+        for (const xcb_window_t window : m_desktop.server().visibleWindows())
+            if (m_desktop.server().title(window) == QLatin1String("Lumora Mac Screenshot"))
+                return window;
+        return XCB_NONE;
+    }
+    bool waitForMenu(int milliseconds = 5000) const
+    {
+        return waitUntil([this] { return menu() != XCB_NONE; }, milliseconds);
+    }
+    bool waitForNoMenu() const
+    {
+        return waitUntil([this] { return menu() == XCB_NONE; });
+    }
+    void choose(QPoint entry)
+    {
+        const QPoint place = m_desktop.server().geometry(menu()).topLeft() + entry;
+        m_desktop.input().moveTo(place - QPoint(3, 0)); // an entry that was never pointed at is not chosen
+        m_desktop.input().moveTo(place);
+        m_desktop.input().click(Button::Left);
+    }
+    QString focusedTitle() const { return m_desktop.server().title(m_desktop.server().focusedWindow()); }
+
+    void startTray()
+    {
+        m_desktop.start(QStringLiteral("trayer"),
+            {QStringLiteral("--edge"), QStringLiteral("top"), QStringLiteral("--align"),
+                QStringLiteral("right"), QStringLiteral("--widthtype"), QStringLiteral("request"),
+                QStringLiteral("--height"), QStringLiteral("26")});
+    }
+    // The icon comes when the tray has taken it in; clicks before that fall on the desktop.
+    bool openFromTray()
+    {
+        m_desktop.input().moveTo(kTrayIcon);
+        return waitUntil([this] {
+            m_desktop.input().click(Button::Left);
+            return waitForMenu(300);
+        });
+    }
+    bool hasStatusItem() const
+    {
+        return waitUntil([this] { return logCount("the status item is there") == 1; });
+    }
+};
+
+// A desktop with a session bus.
+class Notifier : public Menu {
+protected:
+    void SetUp() override
+    {
+        Menu::SetUp();
+        const QString socket = m_desktop.home() + QStringLiteral("/bus");
+        m_desktop.start(
+            QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                                               QStringLiteral("--address=unix:path=") + socket});
+        ASSERT_TRUE(waitUntil([&] { return QFileInfo::exists(socket); }));
+        m_program.setEnvironment(
+            QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=") + socket);
+    }
+    void TearDown() override
+    {
+        Menu::TearDown();
+        if (m_watcher)
+            endProcess(*m_watcher);
+    }
+
+    void startWatcher() { m_watcher = m_program.startOther(QStringLiteral(NOTIFIER_WATCHER), {}); }
+    // The item's name on the bus, when it has come to the watcher.
+    bool waitForItem()
+    {
+        return waitUntil([this] {
+            m_watcher->waitForReadyRead(50);
+            m_item += QString::fromLatin1(m_watcher->readLine()).trimmed();
+            return !m_item.isEmpty();
+        });
+    }
+    // What the program's item answers; empty when it does not.
+    QString ask(const QString& object, const QString& method, const QStringList& arguments) const
+    {
+        const auto call = m_program.startOther(QStringLiteral("dbus-send"),
+            QStringList{QStringLiteral("--session"), QStringLiteral("--print-reply"),
+                QStringLiteral("--dest=") + m_item, object, method} +
+                arguments);
+        return Program::finish(*call).out;
+    }
+    // The numbers of the entries that the bus offers, by their texts.
+    QMap<QString, QString> entries() const
+    {
+        const QString layout = ask(QStringLiteral("/MenuBar"),
+            QStringLiteral("com.canonical.dbusmenu.GetLayout"),
+            {QStringLiteral("int32:0"), QStringLiteral("int32:-1"), QStringLiteral("array:string:label")});
+        static const QRegularExpression entry(
+            QStringLiteral(
+                R"(int32 (\d+)\s+array \[(?:(?!struct).)*?string "label"\s+variant\s+string "([^"]*)\")"),
+            QRegularExpression::DotMatchesEverythingOption);
+        QMap<QString, QString> found;
+        for (auto it = entry.globalMatch(layout); it.hasNext();) {
+            const QRegularExpressionMatch match = it.next();
+            found.insert(match.captured(2), match.captured(1));
+        }
+        return found;
+    }
+    bool offers(const QString& text) const
+    {
+        return waitUntil([&] { return entries().contains(text); });
+    }
+    void chooseOnTheBus(const QString& text) const
+    {
+        ask(QStringLiteral("/MenuBar"), QStringLiteral("com.canonical.dbusmenu.Event"),
+            {QStringLiteral("int32:") + entries().value(text), QStringLiteral("string:clicked"),
+                QStringLiteral("variant:string:"), QStringLiteral("uint32:0")});
+    }
+
+    std::unique_ptr<QProcess> m_watcher;
+    QString m_item;
+};
+
+} // namespace
+
+TEST_F(Menu, OpensFromTheTrayAndIsInNoPicture)
+{
+    startTray();
+    ASSERT_TRUE(m_program.startResident());
+    ASSERT_TRUE(hasStatusItem());
+    ASSERT_TRUE(openFromTray());
+    m_desktop.input().chord({Key::Escape});
+    ASSERT_TRUE(waitForNoMenu());
+    m_before = m_desktop.settledScreen();
+    for (const QPoint entry : {kRegionEntry, kFullEntry}) {
+        SCOPED_TRACE(entry.y());
+        m_desktop.input().moveTo(kTrayIcon);
+        m_desktop.input().click(Button::Left);
+        ASSERT_TRUE(waitForMenu());
+        const QRect place = m_desktop.server().geometry(menu());
+        choose(entry);
+        const QImage picture = entry == kFullEntry ? pictureAfter({})
+                                                   : (m_program.waitForOverlay(m_before),
+                                                         savedRegion(place.topLeft(), place.bottomRight()));
+        const QRect shown =
+            entry == kFullEntry ? picture.rect() : spannedBy(place.topLeft(), place.bottomRight());
+        EXPECT_TRUE(samePixels(picture, m_before.copy(shown)));
+    }
+}
+
+TEST_F(Menu, FindsATrayThatComesLater)
+{
+    ASSERT_TRUE(m_program.startResident());
+    EXPECT_EQ(logCount("the status item is there"), 0);
+    startTray();
+    EXPECT_TRUE(openFromTray());
+}
+
+TEST_F(Menu, OpensAtThePointerWithoutATray)
+{
+    ASSERT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 3);
+    ASSERT_TRUE(m_program.startResident());
+    m_desktop.input().moveTo({400, 300});
+    m_before = m_desktop.settledScreen();
+    for (const QStringList& arguments : {QStringList(), QStringList{QStringLiteral("menu")}}) {
+        EXPECT_EQ(m_program.run(arguments).exitCode, 0);
+        ASSERT_TRUE(waitForMenu());
+        EXPECT_EQ(m_desktop.server().geometry(menu()).topLeft(), QPoint(400, 300));
+        m_desktop.input().chord({Key::Escape});
+        ASSERT_TRUE(waitForNoMenu());
+    }
+    ASSERT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 0);
+    ASSERT_TRUE(waitForMenu());
+    EXPECT_TRUE(samePixels(QImage(m_program.run({QStringLiteral("full")}).path()), m_before));
+    ASSERT_TRUE(waitForRest());
+    ASSERT_TRUE(openOverlay());
+    EXPECT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 5);
+    EXPECT_EQ(menu(), XCB_NONE);
+}
+
+TEST_F(Menu, KeysBesideItsEntriesWorkWhileItIsOpen)
+{
+    ASSERT_TRUE(m_program.startResident());
+    m_before = m_desktop.settledScreen();
+    ASSERT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 0);
+    ASSERT_TRUE(waitForMenu() && waitUntil([this] { return m_desktop.server().isKeyboardTaken(); }));
+    EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before));
+}
+
+TEST_F(Menu, AboutFollowsTheLanguageThatWasWrittenByHand)
+{
+    ASSERT_TRUE(m_program.startResident());
+    m_desktop.input().moveTo({400, 300});
+    ASSERT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 0);
+    ASSERT_TRUE(waitForMenu());
+    for (const Key key : {Key::Up, Key::Up, Key::Return}) // the last entry but one
+        m_desktop.input().chord({key});
+    ASSERT_TRUE(waitUntil([this] { return focusedTitle() == QLatin1String("About"); }));
+    const xcb_window_t about = m_desktop.server().focusedWindow();
+    for (const auto& [language, title] :
+        {std::pair("German", "Info"), std::pair("Japanese", "このアプリについて")}) {
+        SCOPED_TRACE(language);
+        m_program.writeSettings({{QStringLiteral("clientLang"), QString::fromLatin1(language)}});
+        EXPECT_TRUE(waitUntil([&] { return m_desktop.server().title(about) == QString::fromUtf8(title); }));
+    }
+    m_desktop.input().chord({Key::Escape});
+    EXPECT_TRUE(waitUntil([&] { return m_desktop.server().parent(about) == XCB_NONE; }));
+    EXPECT_TRUE(m_program.answers());
+}
+
+TEST_F(Notifier, TakesTheItemAndItsMenu)
+{
+    startWatcher();
+    ASSERT_TRUE(m_program.startResident());
+    ASSERT_TRUE(waitForItem());
+    const auto activate = [this] {
+        return !ask(QStringLiteral("/StatusNotifierItem"),
+            QStringLiteral("org.kde.StatusNotifierItem.Activate"),
+            {QStringLiteral("int32:10"), QStringLiteral("int32:10")})
+                    .isEmpty();
+    };
+    ASSERT_TRUE(waitUntil(activate));
+    ASSERT_TRUE(waitForMenu());
+    m_desktop.input().chord({Key::Escape});
+    ASSERT_TRUE(waitForNoMenu());
+
+    ASSERT_TRUE(offers(QStringLiteral("Capture full screen")));
+    m_program.writeSettings({{QStringLiteral("clientLang"), QStringLiteral("German")}});
+    ASSERT_TRUE(offers(QStringLiteral("Ganzen Bildschirm aufnehmen")));
+    m_before = m_desktop.settledScreen();
+    chooseOnTheBus(QStringLiteral("Ganzen Bildschirm aufnehmen"));
+    EXPECT_TRUE(samePixels(pictureAfter({}), m_before));
+}
+
+TEST_F(Notifier, IsFoundWhenItComesLater)
+{
+    ASSERT_TRUE(m_program.startResident());
+    QThread::msleep(300);
+    EXPECT_EQ(logCount("the status item is there"), 0);
+    startWatcher();
+    ASSERT_TRUE(waitForItem());
+    EXPECT_TRUE(waitUntil([this] { return !entries().isEmpty(); }));
+}
