@@ -174,10 +174,14 @@ TEST_P(Displays, AChangeInMidSelectionEndsTheCaptureOfTheChangedDisplayOnly)
         m_before = m_desktop.settledScreen();
         const auto region = m_program.start({QStringLiteral("region")});
         ASSERT_TRUE(m_program.waitForOverlay(m_before, first));
-        m_desktop.input().drag({100, 100}, {200, 200});
+        m_desktop.input().moveTo({100, 100});
+        m_desktop.input().press(Button::Left);
+        m_desktop.input().moveTo({150, 130});
         c.change();
         QThread::msleep(250);
         EXPECT_EQ(m_program.overlay() == XCB_NONE, c.isEnd);
+        m_desktop.input().moveTo({200, 200});
+        m_desktop.input().release(Button::Left);
         m_desktop.input().chord({Key::Control, Key::S});
         const Answer answer = Program::finish(*region);
         EXPECT_EQ(answer.exitCode, c.isEnd ? 4 : 0);

@@ -1,20 +1,10 @@
-#include "tests/desktop/KeyRecorder.h"
-#include "tests/desktop/ProgramTest.h"
+#include "tests/desktop/KeyboardTest.h"
 
 namespace {
 
-using Event = KeyRecorder::Event;
-
-// The end of a capture and what comes right after it, with another program's window that has the keyboard.
-class Ending : public EachDesktopTest {
+// The end of a capture and what comes right after it.
+class Ending : public KeyboardTest {
 protected:
-    void SetUp() override
-    {
-        EachDesktopTest::SetUp();
-        m_recorder = std::make_unique<KeyRecorder>(m_desktop.displayName(), kWindow);
-        ASSERT_TRUE(m_recorder->hasKeyboard());
-        ASSERT_TRUE(m_program.startResident());
-    }
     testing::AssertionResult openOverlayWithRegion()
     {
         const auto result = openOverlay();
@@ -22,20 +12,6 @@ protected:
             kRegion.topLeft(), kRegion.topLeft() + QPoint(kRegion.width(), kRegion.height()));
         m_recorder->take(); // the hot key's modifier went down before the hot key did
         return result;
-    }
-    void type(int count)
-    {
-        for (int i = 0; i < count; ++i)
-            m_desktop.input().chord({Key::A});
-    }
-    static std::vector<Event> typed(int count)
-    {
-        std::vector<Event> events;
-        for (int i = 0; i < count; ++i) {
-            events.push_back({XCB_KEY_PRESS, quint8(Key::A)});
-            events.push_back({XCB_KEY_RELEASE, quint8(Key::A)});
-        }
-        return events;
     }
     // What the recorder got, but for the end of the chord that ended the capture.
     std::vector<Event> received()
@@ -46,7 +22,6 @@ protected:
     }
 
     static constexpr QRect kRegion{101, 377, 301, 222};
-    std::unique_ptr<KeyRecorder> m_recorder;
 };
 
 struct End {

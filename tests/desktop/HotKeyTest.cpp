@@ -40,16 +40,6 @@ TEST_F(HotKey, RefusedOneIsLoggedAndAnswered)
     EXPECT_FALSE(pictureAfter({Key::Super, Key::Digit2}).isNull());
 }
 
-TEST_F(HotKey, StaysOnItsPhysicalKeyWhenTheLayoutChanges)
-{
-    ASSERT_TRUE(m_program.startResident());
-    for (const char* layout : {"us", "fr", "us"}) {
-        SCOPED_TRACE(layout);
-        ASSERT_EQ(m_desktop.run(QStringLiteral("setxkbmap"), {QLatin1String(layout)}), 0);
-        EXPECT_TRUE(opens({Key::Super, Key::Digit1}, 1500));
-    }
-}
-
 TEST_F(HotKey, ChangedByHandInTheSettingsFileIsBoundAgain)
 {
     ASSERT_TRUE(m_program.startResident());

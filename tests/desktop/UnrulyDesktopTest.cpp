@@ -120,6 +120,21 @@ TEST_P(UnrulyDesktop, AProgramThatHoldsThePointerDelaysTheHandOnly)
     }
 }
 
+TEST_P(UnrulyDesktop, TheOpenMenuOfATerminalIsInThePictureAndInNobodysWay)
+{
+    ASSERT_TRUE(m_program.startResident());
+    const size_t count = m_desktop.server().visibleWindows().size();
+    m_desktop.input().moveTo({200, 150}); // over the terminal
+    m_desktop.input().press(Key::Control);
+    m_desktop.input().press(Button::Left);
+    m_desktop.input().release(Key::Control);
+    ASSERT_TRUE(waitUntil([&] { return m_desktop.server().visibleWindows().size() > count; }));
+    ASSERT_TRUE(openOverlay());
+    m_desktop.input().release(Button::Left); // the menu goes
+    ASSERT_TRUE(waitUntil([&] { return m_desktop.server().visibleWindows().size() == count + 1; }));
+    EXPECT_TRUE(samePixels(savedRegion({150, 120}, {450, 330}), m_before.copy(150, 120, 300, 210)));
+}
+
 TEST_P(UnrulyDesktop, AScreenLockedByAKeyboardGrabRefusesTheCapture)
 {
     ASSERT_TRUE(m_program.startResident());

@@ -78,8 +78,7 @@ XClient::XClient(const QString& display)
 
 XClient::~XClient()
 {
-    while (!m_pressed.empty())
-        release(m_pressed.back());
+    releaseAll();
     sync();
     xcb_disconnect(m_connection);
 }
@@ -108,6 +107,12 @@ void XClient::button(uint8_t button, bool isDown)
     xcb_test_fake_input(m_connection, isDown ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, button,
         XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
     sync();
+}
+
+void XClient::releaseAll()
+{
+    while (!m_pressed.empty())
+        release(m_pressed.back());
 }
 
 xcb_window_t XClient::openWindow(const QRect& r, uint32_t colour, bool isManaged)

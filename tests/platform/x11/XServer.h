@@ -50,6 +50,7 @@ public:
     // Moves the real key. All keys are let go with the client.
     void press(xcb_keycode_t key);
     void release(xcb_keycode_t key);
+    void releaseAll();
     // Moves the real pointer, to a pixel of the root window.
     void movePointer(QPoint pixel);
     void button(uint8_t button, bool isDown);
