@@ -48,6 +48,25 @@ ZRMouseEvent View::translated(const QSinglePointEvent& event) const
 {
     // Qt rounds a widget's own position to whole points; the scene position keeps the device pixel.
     const QPointF p = event.scenePosition();
-    const auto* root = static_cast<const View*>(window());
-    return {flippedUp({p.x(), p.y(), 0, 0}, root->exactHeight()).origin(), event.button()};
+    return {flippedUp({p.x(), p.y(), 0, 0}, windowHeight()).origin(), event.button()};
+}
+
+ZRRect View::frameInWindow() const
+{
+    const QPoint topLeft = mapTo(window(), QPoint());
+    return flippedUp(
+        {double(topLeft.x()), double(topLeft.y()), double(width()), double(height())}, windowHeight());
+}
+
+bool View::isUnder(ZRPoint location) const
+{
+    const ZRRect frame = frameInWindow();
+    return location.x >= frame.x && location.x < frame.maxX() && location.y > frame.y &&
+           location.y <= frame.maxY();
+}
+
+double View::windowHeight() const
+{
+    const auto* root = dynamic_cast<const View*>(window());
+    return root ? root->exactHeight() : window()->height();
 }

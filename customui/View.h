@@ -26,13 +26,20 @@ public:
     double exactHeight() const { return m_exactHeight > 0 ? m_exactHeight : height(); }
     // What the view, with those in it, draws on the device pixel that begins at a point; nothing beside it.
     std::optional<QColor> getPixlColorAtLocation(ZRPoint location);
+    // The view's place in its window: points, origin bottom-left of the window.
+    ZRRect frameInWindow() const;
+    // Whether an event at that location of the window is over the view. A location is the top left corner of
+    // its pixel, so the view's left and top edges belong to it, its right and bottom edges do not.
+    bool isUnder(ZRPoint location) const;
 
 protected:
     // The device pixels of a rectangle, y growing downwards from the top; edges rounded to the nearest pixel.
     QRect devicePixels(ZRRect rect) const;
-    // The event with its location in the view's window, which is a View as well; exact at every scale factor.
+    // The event with its location in the view's window; exact at every scale factor.
     ZRMouseEvent translated(const QSinglePointEvent& event) const;
 
 private:
+    double windowHeight() const;
+
     double m_exactHeight = 0;
 };
