@@ -11,7 +11,7 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
         return {Kind::Help, {}};
     if (first == QLatin1String("--version"))
         return {Kind::Version, {}};
-    for (const char* verb : {"region", "full", "menu", "cancel", "quit"})
+    for (const char* verb : {"region", "full", "measure", "pick", "menu", "cancel", "quit"})
         if (first == QLatin1String(verb))
             return {Kind::Verb, first};
     return {Kind::Wrong, {}};
@@ -20,16 +20,19 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
 QString CommandLine::usage()
 {
     return QStringLiteral(
-        "usage: lumora-screenshot [region | full | menu | cancel | quit | --version | --help]\n"
+        "usage: lumora-screenshot [region | full | measure | pick | menu | cancel | quit |\n"
+        "                          --version | --help]\n"
         "\n"
         "Without a verb the program starts and waits for its hot keys, or opens the\n"
         "menu of the one that runs.\n"
         "  region   capture a region and print the path of the saved picture\n"
         "  full     capture the display under the pointer and print the path\n"
+        "  measure  measure distances on the screen until Escape is pressed\n"
+        "  pick     pick a colour from the screen and print it as #rrggbb\n"
         "  menu     open the menu at the pointer\n"
-        "  cancel   end a running capture\n"
+        "  cancel   end a running capture or tool\n"
         "  quit     end the program\n"
         "\n"
         "exit codes: 0 done, 1 failed, 2 wrong usage, 3 the program does not run,\n"
-        "            4 the capture was cancelled, 5 another capture is under way\n");
+        "            4 it was cancelled, 5 another capture is under way\n");
 }

@@ -2,6 +2,7 @@
 
 #include "app/CommandLine.h"
 #include "app/EventMonitor.h"
+#include "capture/ColourRules.h"
 
 #include <utility>
 
@@ -20,6 +21,17 @@ Reply replyTo(const CaptureOutcome& outcome)
         break;
     }
     return {ExitCode::kFailed, {}, QStringLiteral("the capture failed: %1\n").arg(outcome.reason)};
+}
+
+Reply replyTo(const ToolOutcome& outcome, bool isPick)
+{
+    if (!outcome.failure.isEmpty())
+        return {ExitCode::kFailed, {}, QStringLiteral("the tool failed: %1\n").arg(outcome.failure)};
+    if (outcome.colour)
+        return {ExitCode::kDone, ColourRules::htmlText(*outcome.colour) + QLatin1Char('\n'), {}};
+    if (isPick)
+        return {ExitCode::kCancelled, {}, QStringLiteral("no colour was picked\n")};
+    return {};
 }
 
 Reply replyToBusy()
@@ -45,6 +57,10 @@ VerbService::VerbService(AppDelegate& delegate)
     m_delegate.screenShotManager().onFinished = [this](quint64 number, const CaptureOutcome& outcome) {
         captureFinished(number, outcome);
     };
+    m_delegate.screenShotManager().tools().onEnded = [this](const ToolOutcome& outcome) {
+        if (const auto waiting = std::exchange(m_tool, nullptr))
+            waiting(outcome);
+    };
 }
 
 void VerbService::handle(const QString& verb, const ResidentServer::Answer& answer)
@@ -58,6 +74,8 @@ void VerbService::handle(const QString& verb, const ResidentServer::Answer& answ
         answer(m_delegate.openMenu() ? Reply{} : replyToBusy());
     } else if (verb == QLatin1String("region") || verb == QLatin1String("full")) {
         capture(verb == QLatin1String("full"), answer);
+    } else if (verb == QLatin1String("measure") || verb == QLatin1String("pick")) {
+        useTool(verb == QLatin1String("pick"), answer);
     } else if (verb == QLatin1String("cancel")) {
         m_delegate.screenShotManager()._cancelScreenshot();
         answer({});
@@ -78,6 +96,21 @@ void VerbService::capture(bool isFullScreen, const ResidentServer::Answer& answe
     }
     m_captures[manager.captureNumber() + 1] = answer;
     m_delegate.startCapture(isFullScreen);
+}
+
+void VerbService::useTool(bool isPick, const ResidentServer::Answer& answer)
+{
+    ZRScreenShotManager& manager = m_delegate.screenShotManager();
+    if (manager.isCapturing()) {
+        answer(replyToBusy());
+        return;
+    }
+    manager.tools().cancel(); // answers whoever waits for it
+    m_tool = [isPick, answer](const ToolOutcome& outcome) { answer(replyTo(outcome, isPick)); };
+    if (isPick)
+        manager.startScreenShotGetColor();
+    else
+        manager.startScreenShotDistance();
 }
 
 void VerbService::carryOutWaiting()

@@ -46,6 +46,13 @@ void ScreenCoverWindow::setFrame(std::shared_ptr<const Frame> frame)
     mFullImageView->setFrame(m_frame);
 }
 
+void ScreenCoverWindow::discard(std::unique_ptr<ScreenCoverWindow> window)
+{
+    window->hide();
+    window->setFrame(nullptr);
+    window.release()->deleteLater();
+}
+
 void ScreenCoverWindow::makeKeyAndOrderFront()
 {
     m_gate->showUnpainted();

@@ -25,6 +25,8 @@ public:
     // What the window shows from now on; the frame is of this window's display.
     void setFrame(std::shared_ptr<const Frame> frame);
     const Frame* frame() const { return m_frame.get(); } // null before one was set
+    // Takes the window off the screen at once and frees it when the event that ended it has been handled.
+    static void discard(std::unique_ptr<ScreenCoverWindow> window);
     // Maps the window, without a picture yet, and takes the focus.
     void makeKeyAndOrderFront();
     // Whether a location of an event lies on the window's display, decided in device pixels.

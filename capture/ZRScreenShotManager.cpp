@@ -21,25 +21,27 @@ namespace {
 constexpr int kClearDelayMs = 300; // after the end of a capture
 constexpr int kMoveDelayMs = 50;   // before the overlay follows the pointer to another display
 
-// Gone from the screen at once, freed when the event that ended it has been handled.
-void discard(std::unique_ptr<ZRStaticScreenShotWindow>& window)
+void discard(std::unique_ptr<ZRStaticScreenShotWindow> window)
 {
     if (!window)
         return;
     window->setMManager(nullptr);
-    window->hide();
-    window->setFrame(nullptr);
-    window.release()->deleteLater();
+    ScreenCoverWindow::discard(std::move(window));
 }
 
 }
 
 ZRScreenShotManager::ZRScreenShotManager(Platform& platform)
     : m_platform(platform)
+    , m_tools(platform)
 {
     mScreenShotController.setScreenshotManager(this);
     m_platform.displays->onChange = [this] { displaysChanged(); };
-    m_platform.inputGrab->onRefused = [this](const QString& reason) { failCapture(reason); };
+    m_platform.inputGrab->onRefused = [this](const QString& reason) {
+        failCapture(reason);
+        m_tools.fail(reason);
+    };
+    m_tools.onDisplay = [this](const DisplayRecord& display) { showsToolOn(display); };
 }
 
 ZRScreenShotManager::~ZRScreenShotManager()
@@ -55,6 +57,7 @@ void ZRScreenShotManager::initContext()
 
 void ZRScreenShotManager::initialize()
 {
+    m_tools.cancel();
     clear();
     createNewWindowInfoList();
     mScreenShotController.setScreenshotManager(this);
@@ -78,10 +81,39 @@ void ZRScreenShotManager::startScreenShot(const QString& hotkey)
 void ZRScreenShotManager::startScreenShotIsFullScreen(bool isFullScreen)
 {
     _startScreenShot();
-    if (isFullScreen)
-        _StartFullScreenShot();
-    else
-        _StartRegionScreenShot();
+    m_tools.whenUncovered(*this, [this, isFullScreen, capture = m_captureNumber] {
+        if (m_isEnding || capture != m_captureNumber)
+            return;
+        if (isFullScreen)
+            _StartFullScreenShot();
+        else
+            _StartRegionScreenShot();
+    });
+}
+
+void ZRScreenShotManager::startScreenShotDistance()
+{
+    startTool(ScreenShotTool::Distance);
+}
+
+void ZRScreenShotManager::startScreenShotGetColor()
+{
+    startTool(ScreenShotTool::Color);
+}
+
+void ZRScreenShotManager::startTool(ScreenShotTool tool)
+{
+    if (mIsCapturing)
+        return;
+    m_tools.cancel();
+    chooseScreen();
+    m_tools.start(tool, currentScreen());
+}
+
+void ZRScreenShotManager::showsToolOn(const DisplayRecord& display)
+{
+    setCurrentScreen(display);
+    storeScreens(display);
 }
 
 DisplayRecord ZRScreenShotManager::currentScreen()
@@ -98,7 +130,8 @@ std::optional<ScreenInfo> ZRScreenShotManager::fistScreenInfo()
     return _fistScreenInfo;
 }
 
-void ZRScreenShotManager::_startScreenShot()
+// The display that holds the pointer; without one the current display stays.
+void ZRScreenShotManager::chooseScreen()
 {
     if (const auto screen = ToolScreen::screenUnderPointer()) {
         setCurrentScreen(*screen);
@@ -107,6 +140,11 @@ void ZRScreenShotManager::_startScreenShot()
             "Start Screen Shot Current Main Screen frame (%f,%f,%f,%f)", f.x, f.y, f.width, f.height));
     }
     _fistScreenInfo = ToolScreen::getScreenInfoWithScreen(ToolScreen::getFirstScreen());
+}
+
+void ZRScreenShotManager::_startScreenShot()
+{
+    chooseScreen();
     mIsCapturing = true;
     m_isEnding = false;
     m_isEndedByKey = false;
@@ -134,19 +172,19 @@ void ZRScreenShotManager::openOverlay()
     updateCursor({});
     mScreenShotEditorWindow->makeKeyAndOrderFront();
     m_platform.inputGrab->grabKeyboard(*mScreenShotEditorWindow->windowHandle());
-    discard(before);
+    discard(std::move(before));
     if (m_isEnding) // the keyboard was refused
         return;
     mScreenShotEditorWindow->showFrame(*m_platform.windowServer);
     m_platform.inputGrab->grabPointer(*mScreenShotEditorWindow->windowHandle());
     m_platform.frontKeeper->keepInFront(*mScreenShotEditorWindow->windowHandle());
-    storeScreens();
+    storeScreens(m_frame->display());
 }
 
 // Once the display is frozen and shown: the disk is not on the way there.
-void ZRScreenShotManager::storeScreens()
+void ZRScreenShotManager::storeScreens(const DisplayRecord& current)
 {
-    AppSettings::setCurrentScreenInfo(ScreenInfo(m_frame->display()));
+    AppSettings::setCurrentScreenInfo(ScreenInfo(current));
     AppSettings::setFistScreenInfo(_fistScreenInfo);
 }
 
@@ -156,7 +194,7 @@ void ZRScreenShotManager::_StartFullScreenShot()
     if (!freezeCurrentScreen())
         return;
     mScreenShotController.saveFullScreenToLocal();
-    storeScreens();
+    storeScreens(m_frame->display());
     stopScreenShot();
 }
 
@@ -492,13 +530,14 @@ void ZRScreenShotManager::releaseInput()
 
 void ZRScreenShotManager::_cancelScreenshot()
 {
+    m_tools.cancel();
     if (mIsCapturing && !m_isEnding)
         mScreenShotController.cancelRegionScreenShot();
 }
 
 void ZRScreenShotManager::closeScreenShotWindow()
 {
-    discard(mScreenShotEditorWindow);
+    discard(std::move(mScreenShotEditorWindow));
 }
 
 void ZRScreenShotManager::clear()
@@ -533,6 +572,7 @@ void ZRScreenShotManager::displaysChanged()
         _currentScreen.reset();
     if (m_preparedWindow && !isThere(m_preparedWindow->screenDisplay()))
         m_preparedWindow.reset();
+    m_tools.checkDisplay();
     if (!mIsCapturing)
         initContext();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/CaptureOutcome.h"
+#include "capture/PointerTools.h"
 #include "capture/WindowWalk.h"
 #include "capture/ZRScreenShotViewController.h"
 #include "customui/View.h"
@@ -33,6 +34,11 @@ public:
     // A region capture when the text is the region hot key's, else a full-screen capture.
     void startScreenShot(const QString& hotkey);
     void startScreenShotIsFullScreen(bool isFullScreen);
+    // The measuring tool and the colour tool, on the display under the pointer, in the place of one that
+    // runs; nothing while a capture runs. A capture that starts ends them.
+    void startScreenShotDistance();
+    void startScreenShotGetColor();
+    PointerTools& tools() { return m_tools; }
     // From the start of a capture until 0.3 s after its end.
     bool isCapturing() const { return mIsCapturing; }
     // Numbers the captures, so that a late answer is never taken for another capture's; 0 before the first.
@@ -63,6 +69,7 @@ public:
     void beginEnding() { m_isEnding = true; }
     // Ends the capture: the overlay goes, the former application comes back; 0.3 s later clear().
     void stopScreenShot();
+    // Ends the running capture or tool.
     void _cancelScreenshot();
     void closeScreenShotWindow();
     void clear();
@@ -70,13 +77,16 @@ public:
 
 private:
     void createNewWindowInfoList();
+    void startTool(ScreenShotTool tool);
+    void showsToolOn(const DisplayRecord& display);
+    void chooseScreen();
     void _startScreenShot();
     void _StartRegionScreenShot();
     void _StartFullScreenShot();
     bool freezeCurrentScreen();
     void failCapture(const QString& reason);
     void openOverlay();
-    void storeScreens();
+    void storeScreens(const DisplayRecord& current);
     std::unique_ptr<ZRStaticScreenShotWindow> initScreenShotEditorWindow();
     void prepareOverlay();
 
@@ -102,6 +112,7 @@ private:
     void displaysChanged();
 
     Platform& m_platform;
+    PointerTools m_tools;
     QString mHotKey;
     bool mIsCapturing = false;
     ZRScreenShotViewController mScreenShotController;

@@ -14,6 +14,8 @@ TEST(CommandLine, KnowsItsVerbsAndRefusesTheRest)
         {{}, Kind::Start},
         {{QStringLiteral("region")}, Kind::Verb},
         {{QStringLiteral("menu")}, Kind::Verb},
+        {{QStringLiteral("measure")}, Kind::Verb},
+        {{QStringLiteral("pick")}, Kind::Verb},
         {{QStringLiteral("quit")}, Kind::Verb},
         {{QStringLiteral("--help")}, Kind::Help},
         {{QStringLiteral("--version")}, Kind::Version},
