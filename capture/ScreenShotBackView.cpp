@@ -32,6 +32,14 @@ QImage handlePicture(QSize pixels, double scale)
     return image;
 }
 
+// Qt hands a translucent fill of more rows to its threads, which takes longer than to do it.
+void fillInSlices(QPainter& painter, const QRect& rect, const QColor& color)
+{
+    constexpr int kRows = 64;
+    for (int y = rect.top(); y <= rect.bottom(); y += kRows)
+        painter.fillRect(QRect(rect.left(), y, rect.width(), qMin(kRows, rect.bottom() + 1 - y)), color);
+}
+
 QRect grown(const QRect& r, int by)
 {
     return r.adjusted(-by, -by, by, by);
@@ -91,31 +99,34 @@ void ScreenShotBackView::_drawBackground(QPainter& painter, const QRegion& dirty
     for (const QRect& pixels : dirty) {
         painter.setClipRect(pixels); // a clip of several rectangles is many times as slow
         for (const QRect& dimmed : QRegion(pixels).subtracted(hole))
-            painter.fillRect(dimmed, dim);
+            fillInSlices(painter, dimmed, dim);
     }
     painter.setClipping(false);
     if (hasBorder())
-        _drawRegionBorder(painter);
+        _drawRegionBorder(painter, dirty);
 }
 
-void ScreenShotBackView::_drawRegionBorder(QPainter& painter) const
+void ScreenShotBackView::_drawRegionBorder(QPainter& painter, const QRegion& dirty) const
 {
     if (mIsNeedDrawDashBorder)
         _drawDashBorder(painter);
     else
-        _drawSolidBorder(painter);
+        _drawSolidBorder(painter, dirty);
     if (mIsNeedDrawResizeButton)
         _drawResizeButton(painter);
 }
 
 // Whole pixels, so that the border is crisp at every scale factor.
-void ScreenShotBackView::_drawSolidBorder(QPainter& painter) const
+void ScreenShotBackView::_drawSolidBorder(QPainter& painter, const QRegion& dirty) const
 {
     const QRect hole = devicePixels(mRect);
     const int half = qMax(1, qRound(kBorderWidth / 2 * devicePixelRatioF()));
     const QRect inner = hole.adjusted(half, half, -half, -half);
-    for (const QRect& edge : QRegion(grown(hole, half)).subtracted(inner))
-        painter.fillRect(edge, borderColor());
+    for (const QRect& part : QRegion(grown(hole, half)).subtracted(inner) & dirty) {
+        painter.setClipRect(part); // a clip of several rectangles is many times as slow
+        painter.fillRect(part, borderColor());
+    }
+    painter.setClipping(false);
 }
 
 void ScreenShotBackView::_drawDashBorder(QPainter& painter) const

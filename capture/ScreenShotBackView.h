@@ -42,8 +42,8 @@ private:
     QRegion touchedPixels() const override;
     void paintPixels(QPainter& painter, const QRegion& dirty) override;
     void _drawBackground(QPainter& painter, const QRegion& dirty) const;
-    void _drawRegionBorder(QPainter& painter) const;
-    void _drawSolidBorder(QPainter& painter) const;
+    void _drawRegionBorder(QPainter& painter, const QRegion& dirty) const;
+    void _drawSolidBorder(QPainter& painter, const QRegion& dirty) const;
     void _drawDashBorder(QPainter& painter) const;
     void _drawResizeButton(QPainter& painter) const;
 

@@ -90,19 +90,20 @@ QRegion ZRMagnifierView::touchedPixels() const
 
 void ZRMagnifierView::paintPixels(QPainter& painter, const QRegion& dirty)
 {
-    const QRect own = touchedPixels().boundingRect();
-    if (!m_isShown || !dirty.intersects(own))
+    if (!m_isShown)
         return;
-    painter.setClipRect(own);
-    paintLens(painter, own.topLeft());
-    painter.drawImage(own.topLeft(), mBackImage);
-    paintLabels(painter, MagnifierArt::plate(devicePixelRatioF()).translated(own.topLeft()));
-}
-
-void ZRMagnifierView::paintLens(QPainter& painter, QPoint corner) const
-{
+    const QPoint corner = devicePixels(m_rect).topLeft();
+    const double scale = devicePixelRatioF();
     const QImage& lens = mScaleImage.picture();
-    painter.drawImage(corner + MagnifierArt::lensCorner(lens.width(), devicePixelRatioF()), lens);
+    for (const QRect& part : dirty& touchedPixels()) {
+        painter.setClipRect(part); // a clip of several rectangles is many times as slow
+        painter.drawImage(corner + MagnifierArt::lensCorner(lens.width(), scale), lens);
+        painter.drawImage(part.topLeft(), mBackImage, part.translated(-corner));
+    }
+    painter.setClipping(false);
+    const QRect plate = MagnifierArt::plate(scale).translated(corner);
+    if (dirty.intersects(plate))
+        paintLabels(painter, plate);
 }
 
 // The position stands left, the colour right; a position alone stands in the middle.

@@ -43,7 +43,6 @@ private:
     void makeReady() override;
     QRegion touchedPixels() const override;
     void paintPixels(QPainter& painter, const QRegion& dirty) override;
-    void paintLens(QPainter& painter, QPoint corner) const;
     void paintLabels(QPainter& painter, QRect plate) const;
     void paintColour(QPainter& painter, QRect inner) const;
     void paintSwatch(QPainter& painter, QRect square) const;

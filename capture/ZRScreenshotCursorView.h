@@ -31,6 +31,7 @@ private:
     void setShown(bool isShown);
     void makeReady() override;
     QRegion touchedPixels() const override;
+    QRegion linePixels() const;
     QRect imagePixels() const;
     void paintPixels(QPainter& painter, const QRegion& dirty) override;
 

@@ -27,7 +27,7 @@ double BenchDesktop::openOverlay(Key hotKey)
 {
     if (!m_screen->isPlain())
         return std::numeric_limits<double>::infinity();
-    input().moveTo({size().width() - 1, size().height() - 1});
+    input().moveTo({size().width() * 2 / 5, size().height() / 5});
     return millisecondsFromKey(hotKey, [this] { return m_screen->isDimmed(); });
 }
 

@@ -22,7 +22,8 @@ public:
     // What is on the screen now is what a capture dims and what is back after it.
     void rememberScreen();
     // Super and the key; ends when the whole screen is dimmed. The pointer leaves all windows before, so that
-    // none stays bright. Infinite also when the screen was not plain before.
+    // none stays bright, and stands where nothing drawn around it meets the pixels that are looked at.
+    // Infinite also when the screen was not plain before.
     double openOverlay(Key hotKey);
     // Escape; ends when the screen is back and the program is ready for the next capture.
     void closeOverlay();

@@ -7,6 +7,7 @@
 void benchStart(BenchDesktop& bench, BenchTable& table);
 void benchOverlay(BenchDesktop& bench, BenchTable& table);
 void benchDrag(BenchDesktop& bench, BenchTable& table);
+void benchChrome(BenchDesktop& bench, BenchTable& table);
 void benchWindows(BenchDesktop& bench, BenchTable& table);
 void benchHover(BenchDesktop& bench, BenchTable& table);
 void benchCapture(BenchDesktop& bench, BenchTable& table);

@@ -9,7 +9,8 @@ namespace {
 
 constexpr int kRounds = 5;
 constexpr int kSteps = 200;
-constexpr double kLargestShare = 5; // percent of the screen; the region's own rectangle grows to 25
+// Percent of the screen. Two steps may be counted as one; the region's own rectangle grows to 25.
+constexpr double kLargestShare = 10;
 
 struct DragCost {
     std::vector<double> cpu;  // milliseconds, of each step

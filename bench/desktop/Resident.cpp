@@ -3,11 +3,14 @@
 #include "bench/desktop/KeyProbe.h"
 #include "bench/desktop/Stopwatch.h"
 
-Resident::Resident(Desktop& desktop, const QString& program, const QStringList& arguments, Key hotKey)
+Resident::Resident(
+    Desktop& desktop, const QString& program, const QStringList& arguments, Key hotKey, int scale)
     : m_hotKey(hotKey)
 {
+    QProcessEnvironment environment = desktop.environment();
+    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
     const Stopwatch watch;
-    m_process = startProcess(program, arguments, desktop.environment(),
+    m_process = startProcess(program, arguments, environment,
         {QProcess::nullDevice(), desktop.home() + QStringLiteral("/residents.txt")});
     m_process->waitForStarted();
     m_startTime = millisecondsUntil(watch, [&] { return isHotKeyTaken(desktop.server(), hotKey); });

@@ -18,14 +18,14 @@ QString Subjects::program()
     return QStringLiteral(LUMORA_PROGRAM);
 }
 
-Resident Subjects::ours(Desktop& desktop)
+Resident Subjects::ours(Desktop& desktop, int scale)
 {
-    return {desktop, program(), {}, kFullScreenKey};
+    return {desktop, program(), {}, kFullScreenKey, scale};
 }
 
-Resident Subjects::overlayFloor(Desktop& desktop)
+Resident Subjects::overlayFloor(Desktop& desktop, int scale)
 {
-    return {desktop, QStringLiteral(FLOOR_OVERLAY), {position(kOverlayFloorKey)}, kOverlayFloorKey};
+    return {desktop, QStringLiteral(FLOOR_OVERLAY), {position(kOverlayFloorKey)}, kOverlayFloorKey, scale};
 }
 
 Resident Subjects::hoverFloor(Desktop& desktop, const QList<QRect>& bright)

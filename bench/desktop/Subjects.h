@@ -10,8 +10,8 @@ constexpr Key kRegionKey = Key::Digit1;
 constexpr Key kFullScreenKey = Key::Digit2;
 
 QString program();
-Resident ours(Desktop& desktop);
-Resident overlayFloor(Desktop& desktop);
+Resident ours(Desktop& desktop, int scale = 1);
+Resident overlayFloor(Desktop& desktop, int scale = 1);
 // `bright` are the rectangles that become bright under the pointer.
 Resident hoverFloor(Desktop& desktop, const QList<QRect>& bright);
 Resident trayFloor(Desktop& desktop);

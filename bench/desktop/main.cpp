@@ -13,6 +13,7 @@ constexpr Bench kBenches[] = {
     {"start", benchStart},
     {"overlay", benchOverlay},
     {"drag", benchDrag},
+    {"chrome", benchChrome},
     {"windows", benchWindows},
     {"hover", benchHover},
     {"capture", benchCapture},

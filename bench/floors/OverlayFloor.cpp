@@ -9,6 +9,10 @@
 namespace {
 
 constexpr xcb_keycode_t kEscape = 9;
+constexpr QSize kMagnifier(170, 206); // points, as the following
+constexpr QPoint kFromPointer(10, 15);
+constexpr int kSample = 32;
+constexpr int kLens = 160;
 
 }
 
@@ -19,8 +23,10 @@ OverlayFloor::OverlayFloor(xcb_connection_t* connection, xcb_keycode_t hotKey)
     , m_hotKey(hotKey, XCB_MOD_MASK_4)
     , m_escape(kEscape, 0)
     , m_screen(connection)
+    , m_scale(int(QGuiApplication::primaryScreen()->devicePixelRatio()))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
     setGeometry(QGuiApplication::primaryScreen()->geometry());
     createWinId();
 }
@@ -43,24 +49,25 @@ bool OverlayFloor::nativeEventFilter(const QByteArray&, void* message, qintptr*)
 void OverlayFloor::addBright(QRect pixels)
 {
     m_bright.push_back(pixels);
-    setMouseTracking(true);
 }
 
 void OverlayFloor::freezeAndShow()
 {
     m_picture = m_screen.read();
     m_hole = {};
+    m_pointer = QCursor::pos() * m_scale;
     show();
 }
 
 void OverlayFloor::mousePressEvent(QMouseEvent* event)
 {
-    m_start = event->position().toPoint();
+    m_start = (event->scenePosition() * m_scale).toPoint();
 }
 
 void OverlayFloor::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPoint point = event->position().toPoint();
+    const QPoint point = (event->scenePosition() * m_scale).toPoint();
+    moveAids(point);
     if (event->buttons())
         return setHole(QRect(m_start, point - QPoint(1, 1)).normalized());
     for (const QRect& pixels : m_bright)
@@ -68,23 +75,52 @@ void OverlayFloor::mouseMoveEvent(QMouseEvent* event)
             setHole(pixels);
 }
 
+void OverlayFloor::moveAids(QPoint pointer)
+{
+    const QRegion before = cross() + magnifier();
+    m_pointer = pointer;
+    updatePixels(before + cross() + magnifier());
+}
+
 void OverlayFloor::setHole(QRect hole)
 {
     const QRegion oldHole = m_hole;
     const QRegion oldBorder = border();
     m_hole = hole;
-    update(oldHole.xored(m_hole) + oldBorder + border());
+    updatePixels(oldHole.xored(m_hole) + oldBorder + border());
+}
+
+void OverlayFloor::updatePixels(const QRegion& pixels)
+{
+    QRegion points;
+    for (const QRect& r : pixels)
+        points += QRect(r.topLeft() / m_scale, (r.bottomRight() + QPoint(1, 1)) / m_scale);
+    update(points);
 }
 
 void OverlayFloor::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    for (const QRect& dirty : event->region())
-        painter.drawImage(dirty.topLeft(), m_picture, dirty);
-    for (const QRect& dimmed : event->region().subtracted(m_hole))
+    painter.scale(1.0 / m_scale, 1.0 / m_scale);
+    QRegion dirty;
+    for (const QRect& r : event->region())
+        dirty += QRect(r.topLeft() * m_scale, r.size() * m_scale);
+    for (const QRect& part : dirty)
+        paintPart(painter, part);
+}
+
+void OverlayFloor::paintPart(QPainter& painter, const QRect& part)
+{
+    painter.setClipRect(part); // a clip of several rectangles is many times as slow
+    painter.drawImage(part.topLeft(), m_picture, part);
+    for (const QRect& dimmed : QRegion(part).subtracted(m_hole))
         painter.fillRect(dimmed, QColor(0, 0, 0, 128));
-    for (const QRect& edge : border())
+    for (const QRect& edge : (border() + cross()) & part)
         painter.fillRect(edge, QColor(64, 171, 250));
+    const QRect lens(magnifier().topLeft(), QSize(kLens, kLens) * m_scale);
+    const int half = kSample / 2 * m_scale;
+    if (part.intersects(lens))
+        painter.drawImage(lens, m_picture, QRect(m_pointer, QSize()).adjusted(-half, -half, half, half));
 }
 
 QRegion OverlayFloor::border() const
@@ -92,4 +128,16 @@ QRegion OverlayFloor::border() const
     if (m_hole.isEmpty())
         return {};
     return QRegion(m_hole.adjusted(-1, -1, 1, 1)).subtracted(m_hole.adjusted(1, 1, -1, -1));
+}
+
+QRegion OverlayFloor::cross() const
+{
+    const QSize screen = size() * m_scale;
+    return QRegion(0, m_pointer.y() - m_scale, screen.width(), 2 * m_scale) +
+           QRect(m_pointer.x() - m_scale, 0, 2 * m_scale, screen.height());
+}
+
+QRect OverlayFloor::magnifier() const
+{
+    return {m_pointer + kFromPointer * m_scale, kMagnifier * m_scale};
 }
