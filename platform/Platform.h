@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Displays.h"
+#include "platform/FileBookmarks.h"
 #include "platform/FrontKeeper.h"
 #include "platform/HotKeys.h"
 #include "platform/InputGrab.h"
@@ -23,6 +24,7 @@ struct Platform {
     std::unique_ptr<MouseMonitor> mouseMonitor;
     std::unique_ptr<Workspace> workspace;
     std::unique_ptr<LoginItem> loginItem;
+    std::unique_ptr<FileBookmarks> fileBookmarks;
     std::unique_ptr<StatusItemHost> statusItemHost;
 };
 

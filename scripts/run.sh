@@ -45,6 +45,7 @@ export HOME="$home" XDG_RUNTIME_DIR="$home/runtime" XDG_CONFIG_HOME="$home/confi
 export DBUS_SESSION_BUS_ADDRESS=disabled:
 unset WAYLAND_DISPLAY XDG_SESSION_TYPE
 mkdir -p "$pictures" "$XDG_CONFIG_HOME" "$XDG_CACHE_HOME"
+mkdir -p "$HOME/Pictures/Lumora Mac Screenshot" # a program that has to make it would save its pictures there
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 cat >"$XDG_CONFIG_HOME/com.Lumora.Screenshot.plist" <<PLIST
 <?xml version="1.0" encoding="UTF-8"?>

@@ -2,6 +2,7 @@
 
 #include "platform/x11/DesktopRules.h"
 #include "platform/x11/NativeDisplays.h"
+#include "platform/x11/NativeFileBookmarks.h"
 #include "platform/x11/NativeFrontKeeper.h"
 #include "platform/x11/NativeHotKeys.h"
 #include "platform/x11/NativeInputGrab.h"
@@ -57,6 +58,7 @@ Platform makePlatform()
     platform.mouseMonitor = std::make_unique<NativeMouseMonitor>(x);
     platform.workspace = std::make_unique<NativeWorkspace>(x);
     platform.loginItem = std::make_unique<NativeLoginItem>(QCoreApplication::applicationFilePath());
+    platform.fileBookmarks = std::make_unique<NativeFileBookmarks>();
     platform.statusItemHost = std::make_unique<NativeStatusItemHost>(x);
     return platform;
 }

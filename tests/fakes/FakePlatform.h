@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 #include "tests/fakes/FakeDisplays.h"
+#include "tests/fakes/FakeFileBookmarks.h"
 #include "tests/fakes/FakeFrontKeeper.h"
 #include "tests/fakes/FakeHotKeys.h"
 #include "tests/fakes/FakeInputGrab.h"
@@ -24,6 +25,7 @@ inline Platform makeFakePlatform()
     platform.mouseMonitor = std::make_unique<FakeMouseMonitor>();
     platform.workspace = std::make_unique<FakeWorkspace>();
     platform.loginItem = std::make_unique<FakeLoginItem>();
+    platform.fileBookmarks = std::make_unique<FakeFileBookmarks>();
     platform.statusItemHost = std::make_unique<FakeStatusItemHost>();
     return platform;
 }
