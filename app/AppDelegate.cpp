@@ -11,6 +11,7 @@
 #include "settings/LanguageCatalogue.h"
 #include "settings/SettingsKeys.h"
 #include "settings/UserDefaults.h"
+#include "settings/ZRBookmark.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -50,6 +51,7 @@ AppDelegate::AppDelegate(Platform& platform)
     ToolScreen::install(platform.displays.get());
     EventMonitor::install(platform.hotKeys.get(), platform.mouseMonitor.get());
     AppSettings::install(platform.workspace.get(), platform.loginItem.get());
+    ZRBookmark::defaultShareBookmark().install(platform.fileBookmarks.get());
     m_update.onResult = [this](const UpdateResult& result) { logUpdate(result); };
 }
 
@@ -57,6 +59,7 @@ AppDelegate::~AppDelegate()
 {
     m_background.waitForDone();
     EventMonitor::install(nullptr);
+    ZRBookmark::defaultShareBookmark().install(nullptr);
     AppSettings::install(nullptr, nullptr);
     ToolScreen::install(nullptr);
 }
@@ -82,8 +85,16 @@ void AppDelegate::applicationDidFinishLaunching()
         {"update check", &AppDelegate::_initUpdate},
         {"display list", &AppDelegate::LogScreens},
         {"begin", &AppDelegate::begin},
+        {"access to the save folder", &AppDelegate::startAccessingSaveFolder},
     };
     runSteps(kSteps);
+}
+
+// Lasts until the program ends.
+void AppDelegate::startAccessingSaveFolder()
+{
+    ZRBookmark::defaultShareBookmark().BookmarkStartAccessingSecurityScopedResourceWithFilePath(
+        AppSettings::choosedScreenshotSavePath());
 }
 
 void AppDelegate::begin()

@@ -60,6 +60,7 @@ private:
     void initCommUtils();
     void updateLangMenu();
     void checkDefaultPicturesSavePath();
+    void startAccessingSaveFolder();
     void initStatusbar();
     void _initUpdate();
     void LogScreens();

@@ -22,7 +22,8 @@ TEST_F(Launch, GoesItsStepsInOrder)
         QStringLiteral("channel"), QStringLiteral("common utilities"), QStringLiteral("languages"),
         QStringLiteral("save folder"), QStringLiteral("status bar"), QStringLiteral("update check"),
         QStringLiteral("display list"), QStringLiteral("begin"), QStringLiteral("notifications"),
-        QStringLiteral("status menu"), QStringLiteral("capture manager"), QStringLiteral("hot keys")};
+        QStringLiteral("status menu"), QStringLiteral("capture manager"), QStringLiteral("hot keys"),
+        QStringLiteral("access to the save folder")};
     QStringList steps;
     for (const QString& line : m_program.logLines())
         if (line.startsWith(QLatin1String("launch: ")))
