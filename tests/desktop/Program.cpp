@@ -158,6 +158,7 @@ void Program::writeSettings(const QVariantMap& values) const
     QString entries;
     for (auto value = values.begin(); value != values.end(); ++value)
         entries += QStringLiteral("<key>%1</key>%2\n").arg(value.key(), plistValue(value.value()));
+    QDir().mkpath(saveFolder());
     QFile file(settingsFile());
     if (file.open(QIODevice::WriteOnly))
         file.write(QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"

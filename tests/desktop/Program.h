@@ -64,7 +64,8 @@ public:
     QStringList logLines() const;
     QString residentErrors() const;
     QString settingsFile() const;
-    // Writes the settings file as a user with a text editor would.
+    // Writes the settings file as a user with a text editor would, after a first start: the default save
+    // folder stands, so that the next start leaves a chosen one alone.
     void writeSettings(const QVariantMap& values) const;
 
     QString saveFolder() const;
