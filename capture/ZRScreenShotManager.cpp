@@ -176,7 +176,8 @@ void ZRScreenShotManager::openOverlay()
     if (m_isEnding) // the keyboard was refused
         return;
     mScreenShotEditorWindow->showFrame(*m_platform.windowServer);
-    m_platform.inputGrab->grabPointer(*mScreenShotEditorWindow->windowHandle());
+    if (!m_platform.inputGrab->grabPointer(*mScreenShotEditorWindow->windowHandle()))
+        CommLog::log(QStringLiteral("another program holds the pointer, the capture waits for it"));
     m_platform.frontKeeper->keepInFront(*mScreenShotEditorWindow->windowHandle());
     storeScreens(m_frame->display());
 }

@@ -24,9 +24,9 @@ public:
     // True from the moment that the keyboard is ours.
     virtual bool holdsKeyboard() const = 0;
 
-    // Gives a shown window the pointer's movements and buttons, wherever on the screen it is. Where another
-    // program holds it, tries again until releasePointer() or until the window goes; nobody is told.
-    virtual void grabPointer(const QWindow& window) = 0;
+    // Gives a shown window the pointer's movements and buttons, wherever on the screen it is. False where
+    // another program holds it: then tries again until releasePointer() or until the window goes.
+    virtual bool grabPointer(const QWindow& window) = 0;
     virtual void releasePointer() = 0;
     // True from the moment that the pointer is ours.
     virtual bool holdsPointer() const = 0;

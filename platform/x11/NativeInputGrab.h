@@ -16,7 +16,7 @@ public:
     void releaseWithKey() override;
     void release() override;
     bool holdsKeyboard() const override { return m_holder != XCB_NONE; }
-    void grabPointer(const QWindow& window) override { m_pointer.take(xcb_window_t(window.winId())); }
+    bool grabPointer(const QWindow& window) override { return m_pointer.take(xcb_window_t(window.winId())); }
     void releasePointer() override { m_pointer.release(); }
     bool holdsPointer() const override { return m_pointer.isHeld(); }
 

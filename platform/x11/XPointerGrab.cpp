@@ -35,12 +35,13 @@ XPointerGrab::~XPointerGrab()
     release();
 }
 
-void XPointerGrab::take(xcb_window_t window)
+bool XPointerGrab::take(xcb_window_t window)
 {
     m_window = window;
     m_isGranted = false;
     m_attemptsLeft = kAttempts;
     tryToTake();
+    return m_isGranted;
 }
 
 void XPointerGrab::release()

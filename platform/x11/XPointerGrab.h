@@ -12,8 +12,8 @@ public:
     explicit XPointerGrab(std::shared_ptr<XConnection> connection);
     ~XPointerGrab();
 
-    // The window is mapped. Forgotten when it goes.
-    void take(xcb_window_t window);
+    // The window is mapped; it is forgotten when it goes. True when the pointer is its own at once.
+    bool take(xcb_window_t window);
     void release();
     bool isHeld() const { return m_window != XCB_NONE && m_isGranted; }
 

@@ -95,6 +95,7 @@ TEST_P(UnrulyDesktop, AProgramThatHoldsThePointerDelaysTheHandOnly)
     ASSERT_TRUE(m_program.startResident());
     const XClient menu(m_desktop.displayName());
     const int kForever = -1;
+    int captures = 0;
     for (const int heldMs : {kForever, 0, 2500}) {
         SCOPED_TRACE(heldMs);
         m_desktop.input().moveTo({300, 100});
@@ -102,6 +103,7 @@ TEST_P(UnrulyDesktop, AProgramThatHoldsThePointerDelaysTheHandOnly)
             XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
         menu.sync();
         ASSERT_TRUE(openOverlay(left));
+        EXPECT_EQ(logCount("another program holds the pointer, the capture waits for it"), ++captures);
         if (heldMs == kForever) {
             m_desktop.input().chord({Key::Escape});
             ASSERT_TRUE(waitForRest());

@@ -24,7 +24,7 @@ public:
         holds = isKept = false;
     }
     bool holdsKeyboard() const override { return holds; }
-    void grabPointer(const QWindow&) override { holdsThePointer = true; }
+    bool grabPointer(const QWindow&) override { return holdsThePointer = true; }
     void releasePointer() override { holdsThePointer = false; }
     bool holdsPointer() const override { return holdsThePointer; }
 
