@@ -48,7 +48,8 @@ ZRMouseEvent View::translated(const QSinglePointEvent& event) const
 {
     // Qt rounds a widget's own position to whole points; the scene position keeps the device pixel.
     const QPointF p = event.scenePosition();
-    return {flippedUp({p.x(), p.y(), 0, 0}, windowHeight()).origin(), event.button()};
+    const int clickCount = event.type() == QEvent::MouseButtonDblClick ? 2 : 1;
+    return {flippedUp({p.x(), p.y(), 0, 0}, windowHeight()).origin(), event.button(), clickCount};
 }
 
 ZRRect View::frameInWindow() const

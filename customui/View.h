@@ -12,6 +12,7 @@
 struct ZRMouseEvent {
     ZRPoint location;                      // points, origin bottom-left of the view's window, y grows upwards
     Qt::MouseButton button = Qt::NoButton; // the button that changed; none for a movement
+    int clickCount = 1;                    // 2 for the press that makes a double click
 };
 
 // The base of what stands on the overlay: the one place where Qt's downward y is turned round. Rectangles and

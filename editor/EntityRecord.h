@@ -26,7 +26,8 @@ struct EntityRecord {
     QColor drawColor;
     bool needBorder = false;
     ZRRect pointExtent{}; // of all drag points; the zero rectangle for none
-    quint32 revision = 0; // another one whenever points changed other than by one more at the end
+    // Another one for every annotation, and after every change of points other than one more at the end.
+    quint32 revision = 0;
 
     bool hasPoints() const { return dragPoints && !dragPoints->empty(); }
     // The first and the last point; only where there are points.

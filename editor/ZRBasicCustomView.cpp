@@ -30,6 +30,17 @@ constexpr Tool kTools[] = {
     {"line", make<ZRLine>},
 };
 
+quint32 nextRevision()
+{
+    static quint32 last = 0;
+    return ++last;
+}
+
+}
+
+ZRBasicCustomView::ZRBasicCustomView()
+    : m_revision(nextRevision())
+{
 }
 
 std::unique_ptr<ZRBasicCustomView> ZRBasicCustomView::createNewEntityWithGratiffitID(const QString& id)
@@ -139,7 +150,7 @@ void ZRBasicCustomView::restore(const DragPoints& points, ZRRect rect)
 void ZRBasicCustomView::mouseDown(ZRPoint point)
 {
     mBegionPoint = point;
-    mDrageMoveList.push_back(mVctualRect);
+    remember();
 }
 
 void ZRBasicCustomView::mouseDragged(ZRPoint point)
@@ -205,5 +216,5 @@ ZRPoint ZRBasicCustomView::stepTo(ZRPoint point)
 void ZRBasicCustomView::pointsChanged()
 {
     m_extent = ShapeRules::extentOf(mDragePointList);
-    ++m_revision;
+    m_revision = nextRevision();
 }

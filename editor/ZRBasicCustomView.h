@@ -10,7 +10,7 @@
 // view.
 class ZRBasicCustomView {
 public:
-    ZRBasicCustomView() = default;
+    ZRBasicCustomView();
     virtual ~ZRBasicCustomView() = default;
     ZRBasicCustomView(const ZRBasicCustomView&) = delete;
     ZRBasicCustomView& operator=(const ZRBasicCustomView&) = delete;
@@ -57,6 +57,8 @@ public:
     virtual ZRRect sizeToFit() { return {}; }
     virtual void updateNewFrame() { }
 
+    // What revoke() brings back: the rectangle of now.
+    void remember() { mDrageMoveList.push_back(mVctualRect); }
     // The rectangle of before the latest press; nothing where that press made the annotation.
     void revoke();
     bool isRemoveView() const { return mDrageMoveList.size() < 2; }
@@ -97,5 +99,5 @@ private:
     qint32 mLineWidth = 3;              // points
     std::vector<ZRRect> mDrageMoveList; // the rectangle before each press
     ZRRect m_extent;                    // of all drag points
-    quint32 m_revision = 0;
+    quint32 m_revision;
 };

@@ -46,6 +46,8 @@ TEST(HitRules, EllipseIsHitOnItsLineAndInsideASmallOne)
         {"the corner of its rectangle", kSquare, 4, {101, 101}, false},
         {"the innermost whole point", kSquare, 4, {195, 150}, true},
         {"less than a whole point further in", kSquare, 4, {194.9, 150}, false},
+        {"the outermost whole point", kSquare, 4, {188.9, 188.9}, true},
+        {"a little outside", kSquare, 4, {189, 189}, false},
         {"outside its rectangle", kSquare, 4, {203, 150}, false},
         {"the middle of a narrow one", {100, 100, 10, 50}, 3, {105, 125}, true},
         {"the corner of a narrow one", {100, 100, 15, 50}, 3, {100, 100}, true},

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "customui/View.h"
+#include "editor/FocusMarks.h"
+#include "editor/GraffitCanvas.h"
+#include "platform/Frame.h"
+
+#include <QFont>
+
+class ZRBasicCustomView;
+class ZREditorDelegate;
+class ZREditorRequestDelegate;
+
+// The drawing surface over the region: takes the pointer's events there, forwards them to the annotation
+// concerned and shows all annotations. The widget fills the overlay; its own space is that of `frame()`,
+// points with the origin at the region's bottom-left corner. Repaints no more than what a change touches.
+class ZREditorView : public View {
+public:
+    explicit ZREditorView(QWidget* parent = nullptr);
+
+    void setRequestDelegate(ZREditorRequestDelegate* answers) { requestDelegate = answers; } // not owned
+    void setDelegate(ZREditorDelegate* listener) { delegate = listener; }                    // not owned
+    // What lies below the annotations.
+    void setFrozenDisplay(std::shared_ptr<const Frame> display);
+    // Where the region is, in points of the overlay. The annotations travel with it.
+    ZRRect frame() const { return m_frame; }
+    void setFrame(ZRRect frame);
+    // The same for a region whose annotations have already been counted from its new origin, so that they
+    // stay where they are on the display.
+    void setFrameAround(ZRRect frame);
+    void setCurTextFont(const QFont& font) { mTextFont = font; }
+    const QFont& curTextFont() const { return mTextFont; }
+    void setCurTextColor(const QColor& color) { mTextColor = color; }
+    const QColor& curTextColor() const { return mTextColor; }
+    bool isDragging() const { return _isDragging; }
+
+    // The frozen display with the annotations, as it is on the screen but for handles. `pixels` of the
+    // display.
+    QImage composed(const QRect& pixels) { return m_canvas.composed(pixels); }
+
+    // To be called before and after an annotation changes, or leaves or enters the list; redisplay() follows.
+    void invalidate(const ZRBasicCustomView& entity);
+    // Paints what has changed.
+    void redisplay();
+    void clearSelectedEntity();
+
+    // Events of the overlay, whoever they came through.
+    void mouseDown(const ZRMouseEvent& event);
+    void mouseDragged(const ZRMouseEvent& event);
+    void mouseUp(const ZRMouseEvent& event);
+    void mouseMoved(const ZRMouseEvent& event);
+
+private:
+    void paintEvent(QPaintEvent* event) override;
+    void _drawGraffit(QPainter& painter, const QRegion& dirtyPoints);
+
+    ZRPoint convertPoint(ZRPoint overlayPoint) const;
+    QTransform toPixels() const;
+    QRect regionPixels() const;
+    void startCanvas();
+    void finishGesture();
+    void redisplayEntity();
+    void showMarks(std::vector<FocusMarks> marks, FocusMarks current);
+    QRegion pixelsOf(const FocusMarks& marks) const;
+    void updatePixels(const QRegion& pixels);
+
+    ZREditorRequestDelegate* requestDelegate = nullptr;
+    ZREditorDelegate* delegate = nullptr;
+    QFont mTextFont;
+    QColor mTextColor{Qt::red};
+    bool _isDragging = false;
+    ZRBasicCustomView* m_current = nullptr; // press, drag and release go to it
+    ZRBasicCustomView* m_top = nullptr;     // the annotation in hand as the canvas has it
+    ZRPoint m_lastPoint;                    // of the press or the drag
+    ZRRect m_frame;
+    std::shared_ptr<const Frame> m_display;
+    GraffitCanvas m_canvas;
+    std::vector<FocusMarks> m_marks; // of all selected annotations but the current one
+    FocusMarks m_currentMarks;
+};

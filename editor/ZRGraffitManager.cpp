@@ -1,0 +1,343 @@
+#include "editor/ZRGraffitManager.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kFontSize = 14; // points
+
+}
+
+ZRGraffitManager::ZRGraffitManager()
+    : mEditorView(new ZREditorView)
+{
+    mFont.setPixelSize(kFontSize); // Qt's pixels are points of the display here
+    mEditorView->setRequestDelegate(this);
+    mEditorView->setDelegate(this);
+    mEditorView->setCurTextColor(mColor);
+    mEditorView->setCurTextFont(mFont);
+}
+
+ZRGraffitManager::~ZRGraffitManager()
+{
+    clear();
+}
+
+void ZRGraffitManager::setMainManager(RegionImageSource* source)
+{
+    mTheMainManager = source;
+}
+
+void ZRGraffitManager::addGraffitViewTo(View& host, ZRRect rect)
+{
+    mEditorView->setParent(&host);
+    mEditorView->setGeometry(host.rect());
+    mEditorView->setExactHeight(host.exactHeight());
+    mEditorView->setFrozenDisplay(mTheMainManager ? mTheMainManager->frame() : nullptr);
+    mEditorView->setFrame(rect);
+    mEditorView->show();
+}
+
+void ZRGraffitManager::updateGraffitView(ZRRect rect)
+{
+    const ZRRect before = mEditorView->frame();
+    if (rect.size() == before.size())
+        return mEditorView->setFrame(rect);
+    shiftAll(before.x - rect.x, before.y - rect.y);
+    mEditorView->setFrameAround(rect);
+}
+
+// The view goes with the manager, unless its host has taken it along.
+void ZRGraffitManager::clear()
+{
+    mLastFocusOnEntity = nullptr;
+    m_history.clear();
+    mGraffitEntitys.clear();
+    const std::unique_ptr<ZREditorView> view(mEditorView.data());
+}
+
+void ZRGraffitManager::setLineWidth(qint32 points)
+{
+    mLineWidth = points;
+    if (mLastFocusOnEntity)
+        change(*mLastFocusOnEntity, [this] { mLastFocusOnEntity->setLineWidth(mLineWidth); });
+}
+
+void ZRGraffitManager::setCurColor(const QColor& color)
+{
+    mColor = color;
+    mEditorView->setCurTextColor(color);
+    if (mLastFocusOnEntity)
+        change(*mLastFocusOnEntity, [this] { mLastFocusOnEntity->setColor(mColor); });
+}
+
+void ZRGraffitManager::setCurFont(const QFont& font)
+{
+    mFont = font;
+    mEditorView->setCurTextFont(font);
+}
+
+ZRBasicCustomView* ZRGraffitManager::createNewGraffitEntity()
+{
+    auto entity = ZRBasicCustomView::createNewEntityWithGratiffitID(mCurGraffitID);
+    if (!entity)
+        return nullptr;
+    entity->setLineWidth(mLineWidth);
+    entity->setColor(mColor);
+    return mGraffitEntitys.emplace_back(std::move(entity)).get();
+}
+
+ZRBasicCustomView* ZRGraffitManager::isClickOnGraffit(ZRPoint point) const
+{
+    for (const auto& entity : mGraffitEntitys)
+        if (entity->isClickOn(point))
+            return entity.get();
+    return nullptr;
+}
+
+void ZRGraffitManager::clearFocusOnGraffitView()
+{
+    if (mLastFocusOnEntity)
+        mLastFocusOnEntity->unregisterFocusOn();
+    mLastFocusOnEntity = nullptr;
+    mEditorView->clearSelectedEntity();
+    mEditorView->redisplay();
+}
+
+void ZRGraffitManager::deleteGraffitFromBackSpace()
+{
+    const auto place = find(mLastFocusOnEntity);
+    if (place == mGraffitEntitys.end())
+        return;
+    const auto index = size_t(place - mGraffitEntitys.begin());
+    m_history.removed(take(place), index);
+}
+
+bool ZRGraffitManager::isCanRevoke() const
+{
+    return static_cast<signed char>(mGraffitEntitys.size()) != 0;
+}
+
+void ZRGraffitManager::goBackDrawView()
+{
+    revokeLast();
+}
+
+void ZRGraffitManager::revokeDrawView()
+{
+    if (mGraffitEntitys.empty())
+        return;
+    m_history.takePress(*mGraffitEntitys.back());
+    auto last = take(std::prev(mGraffitEntitys.end()));
+    m_history.undone({.kind = GraffitHistory::Undone::Kind::Made, .made = std::move(last)});
+}
+
+void ZRGraffitManager::undoDrawView()
+{
+    if (m_history.isRemovalLast()) {
+        auto [entity, index] = m_history.takeRemoved();
+        return insert(std::move(entity), index);
+    }
+    const size_t count = mGraffitEntitys.size();
+    const DragPoints points = revokeLast();
+    if (count == 0 || mGraffitEntitys.size() < count)
+        return;
+    ZRBasicCustomView& last = *mGraffitEntitys.back();
+    change(last, [&last, &points] { last.restore(points, last.vctualRect()); });
+}
+
+void ZRGraffitManager::goForwardDrawView()
+{
+    using Kind = GraffitHistory::Undone::Kind;
+    auto step = m_history.takeUndone();
+    if (!step)
+        return;
+    if (step->kind == Kind::Made) {
+        m_history.pressedAgain(*step->made);
+        insert(std::move(step->made), mGraffitEntitys.size());
+    } else if (step->kind == Kind::Removed) {
+        const auto place = find(step->entity);
+        const auto index = size_t(place - mGraffitEntitys.begin());
+        m_history.removedAgain(take(place), index);
+    } else {
+        m_history.pressedAgain(*step->entity);
+        step->entity->remember();
+        change(*step->entity, [&step] { step->entity->restore(step->points, step->rect); });
+    }
+}
+
+QImage ZRGraffitManager::composed(const QRect& pixels) const
+{
+    return mGraffitEntitys.empty() || !mEditorView ? QImage() : mEditorView->composed(pixels);
+}
+
+// Kept: a selection that another one follows stays marked, nobody unfocuses it.
+ZREditorRequestDelegate::Press ZRGraffitManager::EditorRequest_GetCurrentStatus(ZRPoint point)
+{
+    if (mCurGraffitID.isNull())
+        return {};
+    if (ZRBasicCustomView* entity = isClickOnGraffit(point)) {
+        entity->registerFocusOn();
+        mLastFocusOnEntity = entity;
+        setCursor(Qt::ClosedHandCursor);
+        return {PressStatus::Hit, entity};
+    }
+    if (!mLastFocusOnEntity)
+        return {PressStatus::Created, createNewGraffitEntity()};
+    mLastFocusOnEntity->unregisterFocusOn();
+    mLastFocusOnEntity = nullptr;
+    mEditorView->clearSelectedEntity();
+    return {};
+}
+
+void ZRGraffitManager::EditorRequest_DidUDownEntityWithEntity(ZRBasicCustomView* entity)
+{
+    if (mCurGraffitID == QLatin1String("rubber"))
+        return erase(entity);
+    if (!entity)
+        return;
+    bringToFront(entity);
+    m_history.pressed(*entity);
+}
+
+// Kept: of all handles only the middle right one shows the closed hand.
+ZRBasicCustomView* ZRGraffitManager::EditorRequest_UpdateCurrentEntityMoveStatus(ZRPoint point)
+{
+    if (mCurGraffitID.isNull())
+        return nullptr;
+    ZRBasicCustomView* entity = isClickOnGraffit(point);
+    if (!entity)
+        setCursor(Qt::CrossCursor);
+    else
+        setCursor(
+            entity->getResizeDirection(point) == kMiddleRight ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
+    return entity;
+}
+
+DragStatus ZRGraffitManager::EditorRequest_UpdateCurrentEntityDragStatus(ZRPoint)
+{
+    if (mCurGraffitID.isNull()) {
+        mLastFocusOnEntity = nullptr;
+        return DragStatus::Ignored;
+    }
+    if (mLastFocusOnEntity)
+        setCursor(mLastFocusOnEntity->isDrawDone() ? Qt::ClosedHandCursor : Qt::CrossCursor);
+    return DragStatus::Forwarded;
+}
+
+void ZRGraffitManager::EditorRequest_DidUpdateCurrentEntity()
+{
+    setCursor(mLastFocusOnEntity ? Qt::OpenHandCursor : Qt::CrossCursor);
+}
+
+std::vector<EntityRecord> ZRGraffitManager::EditorRequest_getAllGraffitRect() const
+{
+    std::vector<EntityRecord> records;
+    records.reserve(mGraffitEntitys.size());
+    for (const auto& entity : mGraffitEntitys)
+        if (entity->viewId() != QLatin1String("text"))
+            records.push_back(entity->record());
+    return records;
+}
+
+QImage ZRGraffitManager::EditorRequest_getCurrentImageFromTheRegion(ZRRect rect) const
+{
+    return mTheMainManager ? mTheMainManager->getCurrentImageFromTheRegion(rect) : QImage();
+}
+
+void ZRGraffitManager::EditorDelegate_deleteNullTextField(ZRBasicCustomView* textField)
+{
+    const auto place = find(textField);
+    if (place == mGraffitEntitys.end())
+        return;
+    if (mLastFocusOnEntity == textField)
+        mLastFocusOnEntity = nullptr;
+    m_history.takePress(*textField);
+    mGraffitEntitys.erase(place);
+}
+
+void ZRGraffitManager::change(ZRBasicCustomView& entity, const std::function<void()>& how)
+{
+    mEditorView->invalidate(entity);
+    how();
+    mEditorView->invalidate(entity);
+    mEditorView->redisplay();
+}
+
+ZRGraffitManager::Entities::iterator ZRGraffitManager::find(const ZRBasicCustomView* entity)
+{
+    return std::find_if(mGraffitEntitys.begin(), mGraffitEntitys.end(),
+        [entity](const auto& each) { return each.get() == entity; });
+}
+
+// What comes back may lie above the annotation in hand, which therefore is none any more.
+void ZRGraffitManager::insert(std::unique_ptr<ZRBasicCustomView> entity, size_t index)
+{
+    clearFocusOnGraffitView();
+    mEditorView->invalidate(*entity);
+    const size_t place = std::min(index, mGraffitEntitys.size());
+    mGraffitEntitys.insert(mGraffitEntitys.begin() + std::ptrdiff_t(place), std::move(entity));
+    mEditorView->redisplay();
+}
+
+// Neither selected nor in hand nor half drawn, should it come back.
+std::unique_ptr<ZRBasicCustomView> ZRGraffitManager::take(Entities::iterator place)
+{
+    std::unique_ptr<ZRBasicCustomView> entity = std::move(*place);
+    mEditorView->invalidate(*entity);
+    mGraffitEntitys.erase(place);
+    entity->setIsDrawDone();
+    entity->unregisterFocusOn();
+    mLastFocusOnEntity = nullptr;
+    mEditorView->clearSelectedEntity();
+    mEditorView->redisplay();
+    return entity;
+}
+
+// The press itself was remembered as the beginning of a drag.
+void ZRGraffitManager::erase(ZRBasicCustomView* entity)
+{
+    const auto place = find(entity);
+    if (place == mGraffitEntitys.end())
+        return;
+    entity->revoke();
+    const auto index = size_t(place - mGraffitEntitys.begin());
+    m_history.removed(take(place), index);
+}
+
+void ZRGraffitManager::bringToFront(const ZRBasicCustomView* entity)
+{
+    const auto place = find(entity);
+    if (place != mGraffitEntitys.end())
+        std::rotate(place, std::next(place), mGraffitEntitys.end());
+}
+
+// The points that the undone press found on the annotation that is the last one.
+DragPoints ZRGraffitManager::revokeLast()
+{
+    if (mGraffitEntitys.empty()) {
+        mEditorView->clearSelectedEntity();
+        return {};
+    }
+    ZRBasicCustomView& last = *mGraffitEntitys.back();
+    if (last.isRemoveView()) {
+        revokeDrawView();
+        return {};
+    }
+    m_history.undone({.entity = &last, .points = last.dragPoints(), .rect = last.vctualRect()});
+    change(last, [&last] { last.revoke(); });
+    return m_history.takePress(last);
+}
+
+void ZRGraffitManager::shiftAll(double dx, double dy)
+{
+    for (const auto& entity : mGraffitEntitys)
+        entity->shift(dx, dy);
+    m_history.shift(dx, dy);
+}
+
+void ZRGraffitManager::setCursor(Qt::CursorShape shape) const
+{
+    if (onCursor)
+        onCursor(shape);
+}

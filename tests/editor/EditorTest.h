@@ -1,0 +1,75 @@
+#pragma once
+
+#include "editor/ZRGraffitManager.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+// A frozen display of noise in which no two neighbours are alike.
+inline std::shared_ptr<const Frame> noiseFrame(QSize pixels, double scale)
+{
+    QImage image(pixels, QImage::Format_RGB32);
+    quint32 state = 1;
+    for (int y = 0; y < pixels.height(); ++y)
+        for (int x = 0; x < pixels.width(); ++x) {
+            state = state * 1664525 + 1013904223;
+            image.setPixel(x, y, 0xff000000 | (state >> 8));
+        }
+    DisplayRecord display;
+    display.pixels = QRect({0, 0}, pixels);
+    display.scale = scale;
+    display.frame = {0, 0, pixels.width() / scale, pixels.height() / scale};
+    return std::make_shared<Frame>(display, image);
+}
+
+// The editor over a region of a frozen display, driven by the events that the overlay would hand to it.
+class EditorTest : public testing::Test, public RegionImageSource {
+protected:
+    explicit EditorTest(QSize pixels = {400, 300}, double scale = 1)
+        : m_frame(noiseFrame(pixels, scale))
+    {
+        m_host.resize((QSizeF(pixels) / scale).toSize());
+        m_host.setExactHeight(pixels.height() / scale);
+        m_manager.setMainManager(this);
+        m_manager.addGraffitViewTo(m_host, {});
+        m_manager.updateGraffitView(kRegion);
+    }
+
+    std::shared_ptr<const Frame> frame() const override { return m_frame; }
+    QImage getCurrentImageFromTheRegion(ZRRect rect) const override
+    {
+        return m_frame->crop(m_frame->display().localPixels(rect));
+    }
+
+    ZREditorView& view() { return *m_manager.editorView(); }
+    // Places are points of the region.
+    static ZRMouseEvent at(ZRPoint p, int clickCount = 1)
+    {
+        return {{p.x + kRegion.x, p.y + kRegion.y}, Qt::LeftButton, clickCount};
+    }
+    void click(ZRPoint place) { drag(place, place); }
+    void drag(ZRPoint from, ZRPoint to)
+    {
+        view().mouseDown(at(from));
+        view().mouseUp(at(to));
+    }
+    void draw(const char* tool, ZRPoint from, ZRPoint to)
+    {
+        m_manager.clearFocusOnGraffitView();
+        m_manager.updateGraffitID(QLatin1String(tool));
+        drag(from, to);
+    }
+
+    std::vector<EntityRecord> records() const { return m_manager.EditorRequest_getAllGraffitRect(); }
+    size_t count() const { return records().size(); }
+    QRect regionPixels() const { return m_frame->display().localPixels(kRegion); }
+    // What would go out; the untouched frame without annotations.
+    QImage picture() { return view().composed(regionPixels()); }
+    QImage untouched() const { return m_frame->image().copy(regionPixels()); }
+
+    static constexpr ZRRect kRegion{40, 30, 300, 200};
+    std::shared_ptr<const Frame> m_frame;
+    View m_host;
+    ZRGraffitManager m_manager;
+};
