@@ -252,10 +252,31 @@ void AppDelegate::capture(bool isFullScreen)
 
 void AppDelegate::startCapture(bool isFullScreen)
 {
+    startWithoutMenu([this, isFullScreen] { capture(isFullScreen); });
+}
+
+void AppDelegate::startTool(ScreenShotTool tool)
+{
+    startWithoutMenu([this, tool] { useTool(tool); });
+}
+
+void AppDelegate::startWithoutMenu(std::function<void()> start)
+{
     if (mScreenShotStatusbar.closeMenu())
-        onceMenuIsGone([this, isFullScreen] { capture(isFullScreen); });
+        onceMenuIsGone(std::move(start));
     else
-        capture(isFullScreen);
+        start();
+}
+
+void AppDelegate::useTool(ScreenShotTool tool)
+{
+    if (mScreenShotManager.isCapturing())
+        return;
+    mScreenShotManager.initialize();
+    if (tool == ScreenShotTool::Distance)
+        mScreenShotManager.startScreenShotDistance();
+    else
+        mScreenShotManager.startScreenShotGetColor();
 }
 
 // A turn of the event loop takes the menu off the screen.
@@ -273,6 +294,16 @@ void AppDelegate::regionScreenShotFromSystembar()
 void AppDelegate::fullScreenShotFromSystembar()
 {
     onceMenuIsGone([this] { capture(true); });
+}
+
+void AppDelegate::actionForStatusbbarDistance()
+{
+    onceMenuIsGone([this] { useTool(ScreenShotTool::Distance); });
+}
+
+void AppDelegate::actionForStatusbarGetColor()
+{
+    onceMenuIsGone([this] { useTool(ScreenShotTool::Color); });
 }
 
 void AppDelegate::openVideoRecorderURL()
@@ -322,7 +353,8 @@ void AppDelegate::logUpdate(const UpdateResult& result) const
 
 bool AppDelegate::openMenu()
 {
-    return !mScreenShotManager.isCapturing() && mScreenShotStatusbar.openMenu();
+    const bool isBusy = mScreenShotManager.isCapturing() || mScreenShotManager.tools().isRunning();
+    return !isBusy && mScreenShotStatusbar.openMenu();
 }
 
 void AppDelegate::showAbout()

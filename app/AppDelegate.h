@@ -38,7 +38,8 @@ public:
     void hotKeyDown(const QString& hotKey);
     // A capture, at once where no menu of ours shows; nothing happens while another one runs.
     void startCapture(bool isFullScreen);
-    // The status menu, at the pointer; false while a capture runs or a modal window shows.
+    void startTool(ScreenShotTool tool);
+    // The status menu, at the pointer; false while a capture or a tool runs or a modal window shows.
     bool openMenu();
     void showAbout() override;
     void closeAboutWindow();
@@ -76,8 +77,8 @@ private:
 
     void regionScreenShotFromSystembar() override;
     void fullScreenShotFromSystembar() override;
-    void actionForStatusbbarDistance() override { }
-    void actionForStatusbarGetColor() override { }
+    void actionForStatusbbarDistance() override;
+    void actionForStatusbarGetColor() override;
     void openVideoRecorderURL() override;
     void showPreferences() override { }
     void actionForStatusbarShowFAQ() override;
@@ -86,9 +87,11 @@ private:
     void actionForStatusbarFeedback() override;
     void actionForStatusbarCheckUpdate() override;
 
+    void startWithoutMenu(std::function<void()> start);
     void onceMenuIsGone(std::function<void()> start);
     void prepareCapture();
     void capture(bool isFullScreen);
+    void useTool(ScreenShotTool tool);
 
     Platform& m_platform;
     ZRScreenShotManager mScreenShotManager;

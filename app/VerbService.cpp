@@ -107,10 +107,7 @@ void VerbService::useTool(bool isPick, const ResidentServer::Answer& answer)
     }
     manager.tools().cancel(); // answers whoever waits for it
     m_tool = [isPick, answer](const ToolOutcome& outcome) { answer(replyTo(outcome, isPick)); };
-    if (isPick)
-        manager.startScreenShotGetColor();
-    else
-        manager.startScreenShotDistance();
+    m_delegate.startTool(isPick ? ScreenShotTool::Color : ScreenShotTool::Distance);
 }
 
 void VerbService::carryOutWaiting()

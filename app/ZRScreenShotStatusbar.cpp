@@ -84,8 +84,7 @@ ZRScreenShotStatusbar::ZRScreenShotStatusbar(StatusItemHost& host, StatusbarActi
     , statusbarMenu(std::make_unique<QMenu>())
 {
     addItems();
-    for (QAction* missing : {mMenuOptions, mMenuMoreTools}) // what they open is not there yet
-        missing->setVisible(false);
+    mMenuOptions->setVisible(false); // there are no preferences yet
     NotificationCenter::defaultCenter().addObserver(*this, QString::fromUtf16(ModalSession::kChanged),
         [this](const QVariantMap&) { monitorApplicationModalWindow(); });
 }

@@ -20,6 +20,8 @@ enum class Key : quint8 {
     C = 54,
     Alt = 64,
     Up = 111,
+    Right = 114,
+    Down = 116,
     Super = 133,
 };
 

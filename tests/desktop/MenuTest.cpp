@@ -17,13 +17,14 @@ protected:
     {
     }
 
-    xcb_window_t menu() const
+    xcb_window_t window(const char* title) const
     {
         for (const xcb_window_t window : m_desktop.server().visibleWindows())
-            if (m_desktop.server().title(window) == QLatin1String("Lumora Mac Screenshot"))
+            if (m_desktop.server().title(window) == QLatin1String(title))
                 return window;
         return XCB_NONE;
     }
+    xcb_window_t menu() const { return window("Lumora Mac Screenshot"); }
     bool waitForMenu(int milliseconds = 5000) const
     {
         return waitUntil([this] { return menu() != XCB_NONE; }, milliseconds);
@@ -111,7 +112,8 @@ protected:
             {QStringLiteral("int32:0"), QStringLiteral("int32:-1"), QStringLiteral("array:string:label")});
         static const QRegularExpression entry(
             QStringLiteral(
-                R"(int32 (\d+)\s+array \[(?:(?!struct).)*?string "label"\s+variant\s+string "([^"]*)\")"),
+                R"(int32 (\d+)\s+array \[(?:(?!struct).)*?string "label"\s+variant\s+string "([^"]*)\")"
+                R"((?!\s+\)\s+dict entry\(\s+string "visible"\s+variant\s+boolean false))"),
             QRegularExpression::DotMatchesEverythingOption);
         QMap<QString, QString> found;
         for (auto it = entry.globalMatch(layout); it.hasNext();) {
@@ -201,6 +203,26 @@ TEST_F(Menu, KeysBesideItsEntriesWorkWhileItIsOpen)
     EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before));
 }
 
+TEST_F(Menu, ToolsStartFromIt)
+{
+    ASSERT_TRUE(m_program.startResident());
+    m_before = m_desktop.settledScreen();
+    for (const std::vector<Key>& way : {std::vector{Key::Return}, std::vector{Key::Down, Key::Return}}) {
+        SCOPED_TRACE(way.size());
+        ASSERT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 0);
+        ASSERT_TRUE(waitForMenu());
+        for (const Key key : {Key::Down, Key::Down, Key::Down, Key::Right})
+            m_desktop.input().chord({key});
+        for (const Key key : way)
+            m_desktop.input().chord({key});
+        EXPECT_TRUE(waitUntil([this] { return window("Lumora Tool") != XCB_NONE; }));
+        EXPECT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 5);
+        m_desktop.input().chord({Key::Escape});
+        EXPECT_TRUE(waitUntil([this] { return window("Lumora Tool") == XCB_NONE; }));
+        EXPECT_TRUE(samePixels(m_desktop.settledScreen(), m_before));
+    }
+}
+
 TEST_F(Menu, AboutFollowsTheLanguageThatWasWrittenByHand)
 {
     ASSERT_TRUE(m_program.startResident());
@@ -224,6 +246,8 @@ TEST_F(Menu, AboutFollowsTheLanguageThatWasWrittenByHand)
 
 TEST_F(Notifier, TakesTheItemAndItsMenu)
 {
+    QVariantMap settings{{QStringLiteral("clientLang"), QStringLiteral("English")}};
+    m_program.writeSettings(settings);
     startWatcher();
     ASSERT_TRUE(m_program.startResident());
     ASSERT_TRUE(waitForItem());
@@ -239,7 +263,12 @@ TEST_F(Notifier, TakesTheItemAndItsMenu)
     ASSERT_TRUE(waitForNoMenu());
 
     ASSERT_TRUE(offers(QStringLiteral("Capture full screen")));
-    m_program.writeSettings({{QStringLiteral("clientLang"), QStringLiteral("German")}});
+    EXPECT_FALSE(entries().contains(QStringLiteral("Forum")));
+    settings[QStringLiteral("linkForum")] = QStringLiteral("https://example.org");
+    m_program.writeSettings(settings);
+    EXPECT_TRUE(offers(QStringLiteral("Forum")));
+    settings[QStringLiteral("clientLang")] = QStringLiteral("German");
+    m_program.writeSettings(settings);
     ASSERT_TRUE(offers(QStringLiteral("Ganzen Bildschirm aufnehmen")));
     m_before = m_desktop.settledScreen();
     chooseOnTheBus(QStringLiteral("Ganzen Bildschirm aufnehmen"));
