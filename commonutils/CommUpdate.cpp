@@ -57,9 +57,13 @@ void CommUpdate::answered(QNetworkReply& reply)
 {
     m_question = nullptr;
     reply.deleteLater();
-    const bool isAnswered = reply.error() == QNetworkReply::NoError;
-    const UpdateResult result =
-        isAnswered ? resultOf(reply.readAll(), m_runningVersion) : failed(reply.errorString());
+    UpdateResult result;
+    if (reply.error() != QNetworkReply::NoError)
+        result = failed(reply.errorString());
+    else if (reply.bytesAvailable() > kLongestAnswer)
+        result = failed(QStringLiteral("the answer is too long"));
+    else
+        result = resultOf(reply.readAll(), m_runningVersion);
     if (onResult && !(m_isSilent && result.kind == UpdateResult::Kind::UpToDate))
         onResult(result);
 }
