@@ -50,9 +50,11 @@ bool XMLParser::parseWithFilePath(const QString& path, XMLError* error)
     if (path.isEmpty())
         return failed(error, XMLError::kUrlDomain, XMLError::kNoUrl, QStringLiteral("no path"));
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    const bool isFile = QFileInfo(path).isFile(); // a pipe would wait for its other end
+    if (!isFile || !file.open(QIODevice::ReadOnly))
         return failed(error, XMLError::kXmlDomain, XMLError::kNoParser,
-            QStringLiteral("init Parser failed: %1").arg(file.errorString()));
+            QStringLiteral("init Parser failed: %1")
+                .arg(isFile ? file.errorString() : QStringLiteral("there is no such file")));
     if (!parse(file.read(std::min(file.size(), kLargest) + 1), error))
         return false;
     m_identifiter = QFileInfo(path).completeBaseName();

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace {
 
 constexpr const char* kFile = R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -189,6 +191,8 @@ TEST(XMLParser, NamesTheErrorsOfFiles)
     SettingsFolder::put(good, kFile);
     const QString large = folder.in(QStringLiteral("Large.xml"));
     ASSERT_TRUE(QFile(large).open(QIODevice::WriteOnly) && QFile::resize(large, 50 << 20));
+    const QString pipe = folder.in(QStringLiteral("Pipe.xml"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     const struct {
         QString path;
         QLatin1String domain;
@@ -197,6 +201,7 @@ TEST(XMLParser, NamesTheErrorsOfFiles)
         {{}, XMLError::kUrlDomain, -1100},
         {folder.in(QStringLiteral("Missing.xml")), XMLError::kXmlDomain, -1},
         {folder.path(), XMLError::kXmlDomain, -1},
+        {pipe, XMLError::kXmlDomain, -1},
         {large, XMLError::kXmlDomain, XMLError::kOutOfBounds},
     };
     XMLParser parser;
