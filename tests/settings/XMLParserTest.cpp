@@ -128,6 +128,8 @@ TEST(XMLParser, KeepsAGroupOpenThatEndsOnItsLastChildsLine)
     EXPECT_EQ(parser.getValueForkey(u"r", way), QString());
     EXPECT_EQ(parser.getValueForKeywords(u"B:y"), QString());
     EXPECT_EQ(parser.getValueForKeywords(u"A:B:y"), QStringLiteral("2"));
+    const XMLParser below = parsed("<r>\n<G>\n<A>\n<x>1</x></A>\n</G>\n<B>\n<y>2</y>\n</B>\n</r>");
+    EXPECT_EQ(below.getValueForKeywords(u"G:A:B:y"), QStringLiteral("2")) << "open beyond its parent's end";
 }
 
 TEST(XMLParser, HasNoRootWhereAnAttributeTakesItsName)
