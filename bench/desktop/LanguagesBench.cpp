@@ -1,11 +1,12 @@
 #include "bench/desktop/Benches.h"
-#include "bench/desktop/Stopwatch.h"
 #include "settings/LanguageCatalogue.h"
 #include "settings/ZRParserManager.h"
 
 #include <QDir>
 #include <QFile>
 #include <QXmlStreamReader>
+
+#include <ctime>
 
 namespace {
 
@@ -18,6 +19,12 @@ std::vector<QByteArray> contents(const QString& folder)
             files.push_back(file.readAll());
     }
     return files;
+}
+
+// The processor's: what else runs here takes longer turns than the reading.
+double millisecondsNow()
+{
+    return 1000.0 * double(std::clock()) / CLOCKS_PER_SEC;
 }
 
 void readBare(const std::vector<QByteArray>& files)
@@ -41,13 +48,13 @@ void benchLanguages(BenchDesktop& bench, BenchTable& table)
     std::vector<double> ours;
     for (int round = 0; round < kRounds; ++round) {
         ZRParserManager::clearCache();
-        Stopwatch watch;
+        const double start = millisecondsNow();
         readBare(files);
-        floor.push_back(watch.milliseconds());
-        watch.restart();
+        const double middle = millisecondsNow();
         LanguageCatalogue::updateLangMenu({folder});
-        ours.push_back(watch.milliseconds());
+        floor.push_back(middle - start);
+        ours.push_back(millisecondsNow() - middle);
     }
-    table.add({QStringLiteral("all language files read"), bench.size(), median(floor), median(ours),
+    table.add({QStringLiteral("all language files read, CPU"), bench.size(), median(floor), median(ours),
         QStringLiteral("ms"), 2.0});
 }
