@@ -6,7 +6,7 @@
 
 namespace {
 
-enum class With { Anything, Command, Nothing };
+enum class With { Anything, Command, CommandAndShift, Nothing };
 
 struct Equivalent {
     Qt::Key key;
@@ -14,11 +14,16 @@ struct Equivalent {
     With with;
     OverlayAction action;
 };
-constexpr std::array<Equivalent, 4> kEquivalents{{
+constexpr std::array<Equivalent, 9> kEquivalents{{
     {Qt::Key_Escape, 53, With::Anything, OverlayAction::Cancel},
     {Qt::Key_S, 1, With::Command, OverlayAction::Save},
     {Qt::Key_C, 8, With::Command, OverlayAction::Copy},
     {Qt::Key_C, 8, With::Nothing, OverlayAction::CopyColour},
+    {Qt::Key_Z, 6, With::Command, OverlayAction::Undo},
+    {Qt::Key_Z, 6, With::CommandAndShift, OverlayAction::Redo},
+    {Qt::Key_Y, 16, With::Command, OverlayAction::Redo},
+    {Qt::Key_Backspace, 51, With::Nothing, OverlayAction::Delete},
+    {Qt::Key_Delete, 117, With::Nothing, OverlayAction::Delete},
 }};
 
 struct Arrow {
@@ -53,6 +58,9 @@ bool isWith(With with, Qt::KeyboardModifiers chord)
     switch (with) {
     case With::Command:
         return chord == Qt::ControlModifier || chord == Qt::MetaModifier;
+    case With::CommandAndShift:
+        return chord == (Qt::ControlModifier | Qt::ShiftModifier) ||
+               chord == (Qt::MetaModifier | Qt::ShiftModifier);
     case With::Nothing:
         return chord == Qt::NoModifier;
     case With::Anything:

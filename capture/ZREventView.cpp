@@ -1,6 +1,7 @@
 #include "capture/ZREventView.h"
 
 #include "capture/ScreenCoverWindow.h"
+#include "editor/ZREditorView.h"
 
 #include <QWheelEvent>
 
@@ -14,7 +15,7 @@ ZREventView::ZREventView(ScreenCoverWindow& window)
 void ZREventView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        m_window.mouseDown(translated(*event));
+        leftMouseDown(translated(*event));
     else if (event->button() == Qt::RightButton)
         m_window.rightMouseDown(translated(*event));
 }
@@ -22,18 +23,53 @@ void ZREventView::mousePressEvent(QMouseEvent* event)
 void ZREventView::mouseMoveEvent(QMouseEvent* event)
 {
     if (event->buttons() & Qt::LeftButton)
-        m_window.mouseDragged(translated(*event));
+        leftMouseDragged(translated(*event));
     else
-        m_window.mouseMoved(translated(*event));
+        moved(translated(*event));
 }
 
 void ZREventView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton)
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (m_editor)
+        m_editor->mouseUp(translated(*event));
+    else
         m_window.mouseUp(translated(*event));
+    m_editor = nullptr;
 }
 
 void ZREventView::wheelEvent(QWheelEvent* event)
 {
     m_window.scrollWheel(translated(*event), event->angleDelta().y());
+}
+
+ZREditorView* ZREventView::takerOf(const ZRMouseEvent& event) const
+{
+    return editorAt ? editorAt(event.location) : nullptr;
+}
+
+void ZREventView::leftMouseDown(const ZRMouseEvent& event)
+{
+    m_editor = takerOf(event);
+    if (m_editor)
+        m_editor->mouseDown(event);
+    else
+        m_window.mouseDown(event);
+}
+
+void ZREventView::leftMouseDragged(const ZRMouseEvent& event)
+{
+    if (m_editor)
+        m_editor->mouseDragged(event);
+    else
+        m_window.mouseDragged(event);
+}
+
+void ZREventView::moved(const ZRMouseEvent& event)
+{
+    if (ZREditorView* editor = takerOf(event))
+        editor->mouseMoved(event);
+    else
+        m_window.mouseMoved(event);
 }

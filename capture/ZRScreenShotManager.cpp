@@ -1,7 +1,6 @@
 #include "capture/ZRScreenShotManager.h"
 
 #include "capture/ChromeRules.h"
-#include "capture/OverlayKeys.h"
 #include "capture/RegionRules.h"
 #include "capture/ScreenShotBackView.h"
 #include "capture/ToolScreen.h"
@@ -232,9 +231,20 @@ std::unique_ptr<ZRStaticScreenShotWindow> ZRScreenShotManager::initScreenShotEdi
     mScreenShotEditorWindow->setFrame(m_frame);
     mScreenShotController.setView(&mScreenShotEditorWindow->backView());
     mScreenShotController.updateSelectedRegionRect({});
+    initGraffitManager();
     m_candidates = WindowRules::candidates(windowInfos, m_frame->display());
     m_windowWalk.reset();
     return before;
+}
+
+// Before the overlay that holds the old one's view goes.
+void ZRScreenShotManager::initGraffitManager()
+{
+    mGraffitManager = std::make_unique<ZRGraffitManager>();
+    mGraffitManager->setMainManager(this);
+    mGraffitManager->onCursor = [this](Qt::CursorShape shape) { setCursor(shape); };
+    mGraffitManager->addGraffitViewTo(*mScreenShotEditorWindow, {});
+    mScreenShotEditorWindow->addGraffitView(*mGraffitManager->editorView());
 }
 
 void ZRScreenShotManager::prepareOverlay()
@@ -400,11 +410,97 @@ void ZRScreenShotManager::keyDown(const QKeyEvent& event)
     case OverlayAction::CopyColour:
         mScreenShotController.copyMagnifiedColour();
         break;
+    case OverlayAction::Undo:
+    case OverlayAction::Redo:
+    case OverlayAction::Delete:
+        edit(overlayAction(event));
+        break;
     case OverlayAction::None:
         moveRegionByKey(event);
         break;
     }
     m_isEndedByKey = m_isEndedByKey && m_isEnding;
+}
+
+void ZRScreenShotManager::edit(OverlayAction action)
+{
+    if (!mGraffitManager)
+        return;
+    if (action == OverlayAction::Undo)
+        mGraffitManager->undoDrawView();
+    else if (action == OverlayAction::Redo)
+        mGraffitManager->goForwardDrawView();
+    else
+        deleteFromBackSpace();
+}
+
+QImage ZRScreenShotManager::getCurrentImageFromTheRegion(ZRRect rect) const
+{
+    return m_frame ? m_frame->crop(m_frame->display().localPixels(rect)) : QImage();
+}
+
+ZREditorView* ZRScreenShotManager::editorAt(ZRPoint location) const
+{
+    if (m_isEnding || !isToolArmed() || !mScreenShotController.regionRect().contains(middleOfPixel(location)))
+        return nullptr;
+    return mGraffitManager->editorView();
+}
+
+bool ZRScreenShotManager::isToolArmed() const
+{
+    return mGraffitManager && !mGraffitManager->graffitID().isNull();
+}
+
+void ZRScreenShotManager::updateGraffitID(const QString& id)
+{
+    if (mGraffitManager)
+        mGraffitManager->updateGraffitID(id);
+}
+
+QImage ZRScreenShotManager::annotatedImage(const QRect& pixels) const
+{
+    return mGraffitManager ? mGraffitManager->composed(pixels) : QImage();
+}
+
+void ZRScreenShotManager::changeLineWidth()
+{
+    if (mGraffitManager)
+        mGraffitManager->setLineWidth(ZRScreenShotSetting::selectedLineWidth());
+}
+
+void ZRScreenShotManager::changeDrawColor()
+{
+    if (mGraffitManager)
+        mGraffitManager->setCurColor(ZRScreenShotSetting::selectedColor());
+}
+
+void ZRScreenShotManager::changeTextFont()
+{
+    if (mGraffitManager)
+        mGraffitManager->setCurFont(ZRScreenShotSetting::selectedFont());
+}
+
+bool ZRScreenShotManager::isCanRevoke() const
+{
+    return mGraffitManager && mGraffitManager->isCanRevoke();
+}
+
+void ZRScreenShotManager::goBackDrawView()
+{
+    if (mGraffitManager)
+        mGraffitManager->goBackDrawView();
+}
+
+void ZRScreenShotManager::deleteFromBackSpace()
+{
+    if (mGraffitManager)
+        mGraffitManager->deleteGraffitFromBackSpace();
+}
+
+void ZRScreenShotManager::clearFocusOnGraffitView()
+{
+    if (mGraffitManager)
+        mGraffitManager->clearFocusOnGraffitView();
 }
 
 void ZRScreenShotManager::_beginRegionSelect(ZRPoint point)
@@ -420,7 +516,7 @@ void ZRScreenShotManager::_beginRegionSelect(ZRPoint point)
 
 void ZRScreenShotManager::_updateDragPoint(ZRPoint point)
 {
-    if (ZRScreenShotSetting::selectedScreenshotToolbarItem())
+    if (mScreenShotController.isUseGraffitInNeed())
         return;
     const ZRRect region = mScreenShotController.regionRect();
     if (!mScreenShotController.isRegionLocked()) {
@@ -432,6 +528,7 @@ void ZRScreenShotManager::_updateDragPoint(ZRPoint point)
         return;
     mScreenShotController.updateSelectedRegionRect(changedRegion(region, point));
     mRegionBeginPoint = point;
+    adaptGraffitView();
     if (mDirection != RegionRules::kBody)
         mScreenShotController.updateCurrentMagnifierRect(point, true);
 }
@@ -448,6 +545,13 @@ void ZRScreenShotManager::moveRegionByKey(const QKeyEvent& event)
     const auto changed = step->isResize ? RegionRules::stretched : RegionRules::nudged;
     mScreenShotController.updateSelectedRegionRect(
         display.localRect(changed(region, step->by, display.pixels.size())));
+    adaptGraffitView();
+}
+
+void ZRScreenShotManager::adaptGraffitView()
+{
+    if (mGraffitManager)
+        mGraffitManager->updateGraffitView(mScreenShotController.regionRect().normalized());
 }
 
 // One step of moving or resizing a fixed region. Kept: the step is rounded to single precision.
@@ -473,13 +577,17 @@ void ZRScreenShotManager::_endRegionSelect()
     mScreenShotController.regionLock();
     if (mScreenShotController.isResizingRegion())
         mScreenShotController.resizeRegionUnLock();
+    adaptGraffitView();
 }
 
 void ZRScreenShotManager::updateCursor(ZRPoint point)
 {
-    if (!mScreenShotEditorWindow)
-        return;
-    const Qt::CursorShape shape = pointerShape(point);
+    if (mScreenShotEditorWindow)
+        setCursor(pointerShape(point));
+}
+
+void ZRScreenShotManager::setCursor(Qt::CursorShape shape)
+{
     if (mScreenShotEditorWindow->cursor().shape() != shape)
         mScreenShotEditorWindow->setCursor(shape);
 }
@@ -538,6 +646,7 @@ void ZRScreenShotManager::_cancelScreenshot()
 
 void ZRScreenShotManager::closeScreenShotWindow()
 {
+    mGraffitManager.reset();
     discard(std::move(mScreenShotEditorWindow));
 }
 

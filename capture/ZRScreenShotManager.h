@@ -1,10 +1,12 @@
 #pragma once
 
 #include "capture/CaptureOutcome.h"
+#include "capture/OverlayKeys.h"
 #include "capture/PointerTools.h"
 #include "capture/WindowWalk.h"
 #include "capture/ZRScreenShotViewController.h"
 #include "customui/View.h"
+#include "editor/ZRGraffitManager.h"
 #include "platform/Platform.h"
 #include "platform/ScreenInfo.h"
 
@@ -20,7 +22,7 @@ class ZRStaticScreenShotWindow;
 // Runs a capture from the moment that a hot key or a menu entry fires until the overlay is gone: chooses the
 // display, freezes it, shows the overlay, receives its events and tears everything down. One capture at a
 // time, on one display. Event locations are overlay points. Lives as long as the program.
-class ZRScreenShotManager : public QObject {
+class ZRScreenShotManager : public QObject, public RegionImageSource {
 public:
     // Borrows the platform, which must outlive the manager.
     explicit ZRScreenShotManager(Platform& platform);
@@ -54,7 +56,27 @@ public:
     // What is on the screen now, front to back.
     std::vector<WindowRecord> GetWindowInfos() const;
     // The frozen display of the running capture; null outside of one.
-    std::shared_ptr<const Frame> frame() const { return m_frame; }
+    std::shared_ptr<const Frame> frame() const override { return m_frame; }
+    QImage getCurrentImageFromTheRegion(ZRRect rect) const override;
+
+    // The editor of the fixed region, while a tool is armed and a location of the overlay is over the region;
+    // else null.
+    ZREditorView* editorAt(ZRPoint location) const;
+    // Whether presses on the region belong to an annotation tool.
+    bool isToolArmed() const;
+    // Arms a tool, or none with a null identifier; nothing outside of a region capture.
+    void updateGraffitID(const QString& id);
+    // The frozen pixels with the annotations; `pixels` of the display, inside it. Null without annotations.
+    QImage annotatedImage(const QRect& pixels) const;
+    // Hand the running capture's style on to its annotations.
+    void changeLineWidth();
+    void changeDrawColor();
+    void changeTextFont();
+    // The annotations' own operations; nothing outside of a region capture.
+    bool isCanRevoke() const;
+    void goBackDrawView();
+    void deleteFromBackSpace();
+    void clearFocusOnGraffitView();
 
     void mouseDown(const ZRMouseEvent& event);
     void mouseUp(const ZRMouseEvent& event);
@@ -89,6 +111,9 @@ private:
     void storeScreens(const DisplayRecord& current);
     std::unique_ptr<ZRStaticScreenShotWindow> initScreenShotEditorWindow();
     void prepareOverlay();
+    void initGraffitManager();
+    void adaptGraffitView();
+    void edit(OverlayAction action);
 
     void _updateWindowInfoWithMouseLocation(ZRPoint point);
     ZRPoint middleOfPixel(ZRPoint corner) const;
@@ -105,6 +130,7 @@ private:
     ZRSize overlaySize() const; // points
     void moveRegionByKey(const QKeyEvent& event);
     void updateCursor(ZRPoint point);
+    void setCursor(Qt::CursorShape shape);
     Qt::CursorShape pointerShape(ZRPoint point) const;
 
     void releaseInput();
@@ -113,6 +139,7 @@ private:
 
     Platform& m_platform;
     PointerTools m_tools;
+    std::unique_ptr<ZRGraffitManager> mGraffitManager; // the running region capture's
     QString mHotKey;
     bool mIsCapturing = false;
     ZRScreenShotViewController mScreenShotController;

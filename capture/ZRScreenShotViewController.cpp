@@ -7,7 +7,6 @@
 #include "capture/ZRScreenShotManager.h"
 #include "capture/ZRScreenshotCursorView.h"
 #include "commonutils/CommLog.h"
-#include "editor/ZRScreenShotSetting.h"
 #include "settings/AppSettings.h"
 
 #include <QClipboard>
@@ -122,7 +121,7 @@ void ZRScreenShotViewController::setIsDragView(bool isDragged)
 
 bool ZRScreenShotViewController::isUseGraffitInNeed() const
 {
-    return ZRScreenShotSetting::selectedScreenshotToolbarItem() != nullptr;
+    return mManager->isToolArmed();
 }
 
 void ZRScreenShotViewController::saveRegionShotToLocalFromhotKey()
@@ -184,10 +183,17 @@ Picture ZRScreenShotViewController::createImage(bool isFullScreen) const
     if (!frame)
         return {};
     const DisplayRecord& display = frame->display();
-    QImage image = isFullScreen ? frame->image() : frame->crop(display.localPixels(regionRect()));
+    QImage image = isFullScreen ? frame->image() : createRegionImage(*frame);
     if (AppSettings::imageQualityUserNeed() == kNominalResolution)
         image = PictureRules::averagedToPoints(image, display.scale);
     return {image, frame};
+}
+
+QImage ZRScreenShotViewController::createRegionImage(const Frame& frame) const
+{
+    const QRect pixels = frame.display().localPixels(regionRect());
+    const QImage annotated = mManager->annotatedImage(pixels & frame.image().rect());
+    return annotated.isNull() ? frame.crop(pixels) : annotated;
 }
 
 void ZRScreenShotViewController::saveImageToFile(Picture picture)

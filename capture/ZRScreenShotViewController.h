@@ -60,6 +60,7 @@ private:
     Picture takePicture();
     void _stopScreenShot();
     Picture createImage(bool isFullScreen) const;
+    QImage createRegionImage(const Frame& frame) const;
     void saveImageToFile(Picture picture);
     void writeToPasteboard(Picture picture);
     void fail(quint64 capture, const QString& what, const QString& reason);

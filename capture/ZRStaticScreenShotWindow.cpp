@@ -1,7 +1,9 @@
 #include "capture/ZRStaticScreenShotWindow.h"
 
 #include "capture/ScreenShotBackView.h"
+#include "capture/ZREventView.h"
 #include "capture/ZRScreenShotManager.h"
+#include "editor/ZREditorView.h"
 
 ZRStaticScreenShotWindow::ZRStaticScreenShotWindow(const DisplayRecord& display)
     : ScreenCoverWindow(display, QStringLiteral("Lumora Capture"))
@@ -9,6 +11,14 @@ ZRStaticScreenShotWindow::ZRStaticScreenShotWindow(const DisplayRecord& display)
 {
     addLayer(*m_backView);
     m_backView->coverDisplay(display);
+    eventLayer().editorAt = [this](ZRPoint location) {
+        return mManager ? mManager->editorAt(location) : nullptr;
+    };
+}
+
+void ZRStaticScreenShotWindow::addGraffitView(ZREditorView& view)
+{
+    view.stackUnder(m_backView);
 }
 
 void ZRStaticScreenShotWindow::showFrame(WindowServer& server)

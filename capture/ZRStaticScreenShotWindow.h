@@ -3,10 +3,12 @@
 #include "capture/ScreenCoverWindow.h"
 
 class ScreenShotBackView;
+class ZREditorView;
 class ZRScreenShotManager;
 
-// The overlay of a capture: hands every event to the manager. The view controller's view is its layer between
-// the frozen picture and the event layer.
+// The overlay of a capture: hands every event to the manager. Its layers between the frozen picture and the
+// event layer: the annotations, which are opaque where they are painted, and above them the view controller's
+// view with mask, border and what must stay in sight.
 class ZRStaticScreenShotWindow : public ScreenCoverWindow {
 public:
     explicit ZRStaticScreenShotWindow(const DisplayRecord& display);
@@ -15,6 +17,8 @@ public:
     void setMManager(ZRScreenShotManager* manager) { mManager = manager; } // not owned
     ZRScreenShotManager* getMManager() const { return mManager; }
 
+    // Gives the view of the annotations, a child already, its place.
+    void addGraffitView(ZREditorView& view);
     // Puts the picture and the mask on the shown overlay.
     void showFrame(WindowServer& server);
 

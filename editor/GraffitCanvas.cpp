@@ -83,6 +83,8 @@ void GraffitCanvas::draw(QPainter& painter, const QRect& pixels)
 
 QImage GraffitCanvas::composed(const QRect& pixels)
 {
+    if (pixels.isEmpty())
+        return {};
     QImage picture = m_frozen.copy(pixels);
     QPainter painter(&picture);
     painter.translate(-pixels.topLeft());

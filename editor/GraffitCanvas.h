@@ -28,6 +28,8 @@ public:
     // Paints the annotation in hand anew, where it was and where it is. The pixels that it painted.
     QRegion repaintTop(const EntityRecord& top);
 
+    // Holds everything that differs from the frozen picture.
+    QRect marked() const { return m_marked; }
     // Draws what differs from the frozen picture; one unit of the painter is one device pixel.
     void draw(QPainter& painter, const QRect& pixels);
     // A picture of its own; `pixels` lies inside the display.
@@ -42,6 +44,6 @@ private:
     LazyCopy m_lower; // all but the annotation in hand
     LazyCopy m_all;
     std::vector<QRect> m_invalid;
-    QRect m_top;    // where the annotation in hand is painted
-    QRect m_marked; // holds everything that was ever painted
+    QRect m_top; // where the annotation in hand is painted
+    QRect m_marked;
 };

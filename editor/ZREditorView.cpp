@@ -23,20 +23,19 @@ void ZREditorView::setFrame(ZRRect frame)
 {
     if (frame == m_frame)
         return;
-    updatePixels(regionPixels());
+    updatePixels(shownPixels());
     m_frame = frame;
     startCanvas();
     redisplay();
-    updatePixels(regionPixels());
 }
 
 void ZREditorView::setFrameAround(ZRRect frame)
 {
-    updatePixels(regionPixels());
+    updatePixels(shownPixels());
     m_frame = frame;
     m_canvas.setSpace(toPixels());
     redisplay();
-    updatePixels(regionPixels());
+    updatePixels(shownPixels());
 }
 
 void ZREditorView::invalidate(const ZRBasicCustomView& entity)
@@ -193,13 +192,24 @@ void ZREditorView::redisplayEntity()
 
 void ZREditorView::showMarks(std::vector<FocusMarks> marks, FocusMarks current)
 {
-    QRegion changed = pixelsOf(m_currentMarks) + pixelsOf(current);
-    for (const FocusMarks& old : std::exchange(m_marks, std::move(marks)))
-        changed += pixelsOf(old);
-    for (const FocusMarks& shown : m_marks)
-        changed += pixelsOf(shown);
+    updatePixels(markPixels());
+    m_marks = std::move(marks);
     m_currentMarks = std::move(current);
-    updatePixels(changed);
+    updatePixels(markPixels());
+}
+
+QRegion ZREditorView::markPixels() const
+{
+    QRegion pixels = pixelsOf(m_currentMarks);
+    for (const FocusMarks& marks : m_marks)
+        pixels += pixelsOf(marks);
+    return pixels;
+}
+
+// All that may differ from the frozen display.
+QRegion ZREditorView::shownPixels() const
+{
+    return markPixels() + m_canvas.marked();
 }
 
 QRegion ZREditorView::pixelsOf(const FocusMarks& marks) const

@@ -62,6 +62,8 @@ private:
     void redisplayEntity();
     void showMarks(std::vector<FocusMarks> marks, FocusMarks current);
     QRegion pixelsOf(const FocusMarks& marks) const;
+    QRegion markPixels() const;
+    QRegion shownPixels() const;
     void updatePixels(const QRegion& pixels);
 
     ZREditorRequestDelegate* requestDelegate = nullptr;

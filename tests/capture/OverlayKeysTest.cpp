@@ -17,6 +17,15 @@ TEST(OverlayKeys, CommandAndControlMeanTheSame)
         {Qt::Key_S, Qt::NoModifier, OverlayAction::None},
         {Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier, OverlayAction::None},
         {Qt::Key_A, Qt::ControlModifier, OverlayAction::None},
+        {Qt::Key_Z, Qt::ControlModifier, OverlayAction::Undo},
+        {Qt::Key_Z, Qt::MetaModifier, OverlayAction::Undo},
+        {Qt::Key_Z, Qt::NoModifier, OverlayAction::None},
+        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, OverlayAction::Redo},
+        {Qt::Key_Z, Qt::MetaModifier | Qt::ShiftModifier, OverlayAction::Redo},
+        {Qt::Key_Y, Qt::ControlModifier, OverlayAction::Redo},
+        {Qt::Key_Backspace, Qt::NoModifier, OverlayAction::Delete},
+        {Qt::Key_Delete, Qt::NoModifier, OverlayAction::Delete},
+        {Qt::Key_Delete, Qt::ControlModifier, OverlayAction::None},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << c.key << " with " << c.modifiers.toInt());
