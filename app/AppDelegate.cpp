@@ -90,13 +90,6 @@ void AppDelegate::applicationDidFinishLaunching()
     runSteps(kSteps);
 }
 
-// Lasts until the program ends.
-void AppDelegate::startAccessingSaveFolder()
-{
-    ZRBookmark::defaultShareBookmark().BookmarkStartAccessingSecurityScopedResourceWithFilePath(
-        AppSettings::choosedScreenshotSavePath());
-}
-
 void AppDelegate::begin()
 {
     static constexpr Step kSteps[] = {
@@ -164,6 +157,13 @@ void AppDelegate::LogScreens()
             CommLog::log(info.description());
         CommLog::log(QStringLiteral("==================================="));
     });
+}
+
+// Lasts until the program ends.
+void AppDelegate::startAccessingSaveFolder()
+{
+    ZRBookmark::defaultShareBookmark().BookmarkStartAccessingSecurityScopedResourceWithFilePath(
+        AppSettings::choosedScreenshotSavePath());
 }
 
 void AppDelegate::observeNotifications()

@@ -61,10 +61,10 @@ private:
     void initCommUtils();
     void updateLangMenu();
     void checkDefaultPicturesSavePath();
-    void startAccessingSaveFolder();
     void initStatusbar();
     void _initUpdate();
     void LogScreens();
+    void startAccessingSaveFolder();
     void observeNotifications();
     void fillStatusMenu();
     void initContext();
