@@ -27,7 +27,8 @@ public:
     // The display as it is now, in its own device pixels. Null when the screen cannot be read; `reason` then
     // says why.
     virtual std::shared_ptr<const Frame> freeze(const DisplayRecord& display, QString* reason) = 0;
-    // Puts the frame, dimmed, into a shown window that covers the frame's display. False when it cannot: the
-    // window must then paint the picture itself.
+    // Puts the frame, dimmed, into a shown window that covers the frame's display, and makes the window cover
+    // that display alone, to the pixel. False when it cannot put it there: the window must then paint the
+    // picture itself.
     virtual bool present(const Frame& frame, const QWindow& window, const Dimming& dimming) = 0;
 };

@@ -4,6 +4,7 @@
 #include "platform/x11/NativeDisplays.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <utility>
 
@@ -65,7 +66,20 @@ bool NativeWindowServer::present(const Frame& frame, const QWindow& window, cons
 {
     // A window with an alpha channel has pixels of another kind than the screen.
     const bool hasAlpha = window.requestedFormat().alphaBufferSize() > 0;
+    cutToDisplay(window, frame.display());
     return !hasAlpha && m_strips.put(frame.image(), dimming, xcb_window_t(window.winId()));
+}
+
+// Qt counts a window's size in whole points, which at a fractional scale factor may reach into the next
+// display.
+void NativeWindowServer::cutToDisplay(const QWindow& window, const DisplayRecord& display) const
+{
+    const QSize pixels = display.pixels.size();
+    if (QSizeF(window.size()) * window.devicePixelRatio() == QSizeF(pixels))
+        return;
+    const std::array<uint32_t, 2> size{uint32_t(pixels.width()), uint32_t(pixels.height())};
+    xcb_configure_window(m_x->get(), xcb_window_t(window.winId()),
+        XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size.data());
 }
 
 QImage NativeWindowServer::takeSpare(QSize size)

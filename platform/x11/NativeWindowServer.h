@@ -18,6 +18,7 @@ public:
     bool present(const Frame& frame, const QWindow& window, const Dimming& dimming) override;
 
 private:
+    void cutToDisplay(const QWindow& window, const DisplayRecord& display) const;
     QImage takeSpare(QSize size);
     bool readOverConnection(QRect rootPixels, QImage& into) const;
 
