@@ -72,7 +72,8 @@ void NativeStatusItemHost::busIsThere()
     auto* services =
         new QDBusServiceWatcher(kWatcher, bus, QDBusServiceWatcher::WatchForRegistration, m_questions);
     connect(services, &QDBusServiceWatcher::serviceRegistered, this, [this] { askNotifier(); });
-    m_bus->connect(kWatcher, kWatcherPath, kWatcher, QStringLiteral("StatusNotifierHostRegistered"), this,
+    // From whomever: to name the sender would mean to wait for the bus.
+    m_bus->connect(QString(), kWatcherPath, kWatcher, QStringLiteral("StatusNotifierHostRegistered"), this,
         SLOT(askNotifier()));
     askNotifier();
 }
