@@ -85,15 +85,23 @@ protected:
             endProcess(*m_watcher);
     }
 
-    void startWatcher() { m_watcher = m_program.startOther(QStringLiteral(NOTIFIER_WATCHER), {}); }
-    // The item's name on the bus, when it has come to the watcher.
+    // True when it is on the bus.
+    bool startWatcher()
+    {
+        m_watcher = m_program.startOther(QStringLiteral(NOTIFIER_WATCHER), {});
+        return !wordOfWatcher().isEmpty();
+    }
+    // True when the item has come to the watcher.
     bool waitForItem()
     {
-        return waitUntil([this] {
-            m_watcher->waitForReadyRead(50);
-            m_item += QString::fromLatin1(m_watcher->readLine()).trimmed();
-            return !m_item.isEmpty();
-        });
+        m_item = wordOfWatcher();
+        return !m_item.isEmpty();
+    }
+    // Its next line; empty when none comes.
+    QString wordOfWatcher()
+    {
+        waitUntil([this] { return m_watcher->canReadLine() || m_watcher->waitForReadyRead(50); });
+        return QString::fromLatin1(m_watcher->readLine()).trimmed();
     }
     // What the program's item answers; empty when it does not.
     QString ask(const QString& object, const QString& method, const QStringList& arguments) const
@@ -134,7 +142,7 @@ protected:
     }
 
     std::unique_ptr<QProcess> m_watcher;
-    QString m_item;
+    QString m_item; // its name on the bus
 };
 
 } // namespace
@@ -248,7 +256,7 @@ TEST_F(Notifier, TakesTheItemAndItsMenu)
 {
     QVariantMap settings{{QStringLiteral("clientLang"), QStringLiteral("English")}};
     m_program.writeSettings(settings);
-    startWatcher();
+    ASSERT_TRUE(startWatcher());
     ASSERT_TRUE(m_program.startResident());
     ASSERT_TRUE(waitForItem());
     const auto activate = [this] {
@@ -280,7 +288,21 @@ TEST_F(Notifier, IsFoundWhenItComesLater)
     ASSERT_TRUE(m_program.startResident());
     QThread::msleep(300);
     EXPECT_EQ(logCount("the status item is there"), 0);
-    startWatcher();
+    ASSERT_TRUE(startWatcher());
     ASSERT_TRUE(waitForItem());
     EXPECT_TRUE(waitUntil([this] { return !entries().isEmpty(); }));
+}
+
+TEST_F(Notifier, HoldsNothingUpWhileItDoesNotAnswer)
+{
+    ASSERT_TRUE(startWatcher());
+    const PausedProcess paused(*m_watcher);
+    ASSERT_TRUE(m_program.startResident());
+    ASSERT_TRUE(openOverlay());
+    m_desktop.input().chord({Key::Escape});
+    ASSERT_TRUE(waitForRest());
+    ASSERT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 0);
+    EXPECT_TRUE(waitForMenu());
+    paused.goOn();
+    EXPECT_TRUE(waitForItem());
 }

@@ -3,6 +3,16 @@
 
 #include <cstdio>
 
+namespace {
+
+void say(const QString& line)
+{
+    std::puts(qPrintable(line));
+    std::fflush(stdout);
+}
+
+} // namespace
+
 // The part of a desktop's panel that status items look for on the session bus. It shows nothing.
 class NotifierWatcher : public QObject {
     Q_OBJECT
@@ -13,11 +23,7 @@ public:
 
 public Q_SLOTS:
     // The item's name on the bus goes to stdout.
-    void RegisterStatusNotifierItem(const QString& service)
-    {
-        std::puts(qPrintable(service));
-        std::fflush(stdout);
-    }
+    void RegisterStatusNotifierItem(const QString& service) { say(service); }
 };
 
 int main(int argc, char** argv)
@@ -28,7 +34,10 @@ int main(int argc, char** argv)
     const bool isThere = bus.registerObject(QStringLiteral("/StatusNotifierWatcher"), &watcher,
                              QDBusConnection::ExportAllContents) &&
                          bus.registerService(QStringLiteral("org.kde.StatusNotifierWatcher"));
-    return isThere ? QCoreApplication::exec() : 1;
+    if (!isThere)
+        return 1;
+    say(QStringLiteral("watching"));
+    return QCoreApplication::exec();
 }
 
 #include "notifier_watcher.moc"
