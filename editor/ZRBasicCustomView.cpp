@@ -5,6 +5,7 @@
 #include "editor/ShapeRules.h"
 #include "editor/ZRArrow.h"
 #include "editor/ZREillpse.h"
+#include "editor/ZRGaussianBlur.h"
 #include "editor/ZRHightlight.h"
 #include "editor/ZRLine.h"
 #include "editor/ZRSquare.h"
@@ -28,6 +29,8 @@ constexpr Tool kTools[] = {
     {"customLine", make<ZRRandomLine>},
     {"light", make<ZRHightlight>},
     {"line", make<ZRLine>},
+    {"blur", make<ZRGaussianBlur>},
+    {"mosic", make<ZRGaussianBlur>},
 };
 
 quint32 nextRevision()
@@ -45,9 +48,13 @@ ZRBasicCustomView::ZRBasicCustomView()
 
 std::unique_ptr<ZRBasicCustomView> ZRBasicCustomView::createNewEntityWithGratiffitID(const QString& id)
 {
-    for (const Tool& tool : kTools)
-        if (id == QLatin1String(tool.id))
-            return tool.make();
+    for (const Tool& tool : kTools) {
+        if (id != QLatin1String(tool.id))
+            continue;
+        auto entity = tool.make();
+        entity->setGraffitViewID(id); // one class serves two tools
+        return entity;
+    }
     return nullptr;
 }
 

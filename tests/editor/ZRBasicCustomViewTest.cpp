@@ -36,7 +36,8 @@ TEST(ZRBasicCustomView, IsMadeByTheIdentifiersOfItsTools)
         qint32 lineWidth; // 0 for no annotation
     };
     const Case cases[] = {{"square", 3}, {"eillpse", 3}, {"arrow", 6}, {"customLine", 3}, {"light", 6},
-        {"line", 3}, {"rubber", 0}, {"cancel", 0}, {"ellipse", 0}, {"mosaic", 0}, {"Square", 0}, {"", 0}};
+        {"line", 3}, {"blur", 3}, {"mosic", 3}, {"rubber", 0}, {"cancel", 0}, {"ellipse", 0}, {"mosaic", 0},
+        {"Square", 0}, {"", 0}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.id);
         const Shape shape = ZRBasicCustomView::createNewEntityWithGratiffitID(QLatin1String(c.id));
@@ -70,8 +71,8 @@ TEST(ZRBasicCustomView, CreatingDragSpansFromThePressEvenInOneJump)
         ZRRect expected; // of a drag from 10, 10 to 40, 30
     };
     const Case cases[] = {{"square", {10, 10, 30, 20}}, {"eillpse", {10, 10, 30, 20}},
-        {"arrow", {7, 7, 36, 26}}, {"line", {8.5, 8.5, 33, 23}}, {"customLine", {6.5, 6.5, 37, 27}},
-        {"light", {5, 5, 40, 30}}};
+        {"blur", {10, 10, 30, 20}}, {"mosic", {10, 10, 30, 20}}, {"arrow", {7, 7, 36, 26}},
+        {"line", {8.5, 8.5, 33, 23}}, {"customLine", {6.5, 6.5, 37, 27}}, {"light", {5, 5, 40, 30}}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.id);
         const Shape shape = ZRBasicCustomView::createNewEntityWithGratiffitID(QLatin1String(c.id));

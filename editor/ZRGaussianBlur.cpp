@@ -1,0 +1,51 @@
+#include "editor/ZRGaussianBlur.h"
+
+#include "editor/GaussianBlur.h"
+#include "editor/MosaicRules.h"
+#include "editor/ShapeRules.h"
+
+ZRGaussianBlur::ZRGaussianBlur()
+{
+    setLineWidth(3);
+}
+
+QImage ZRGaussianBlur::transToMosaicImage(const QImage& image, int mosaicLevel)
+{
+    return MosaicRules::transToMosaicImage(image, mosaicLevel);
+}
+
+QImage& ZRGaussianBlur::GaussianBlurImageFrom(QImage& image, double inputRadius)
+{
+    image = gaussianBlurred(image, inputRadius);
+    return image;
+}
+
+QImage ZRGaussianBlur::coverOf(const QImage& original, double scale) const
+{
+    const double level = lineWidth() * scale;
+    if (viewId() == QLatin1String("mosic"))
+        return transToMosaicImage(original, qRound(level));
+    QImage picture = original;
+    return GaussianBlurImageFrom(picture, level);
+}
+
+ZRRect ZRGaussianBlur::sizeToFit()
+{
+    const DragPoints& points = dragPoints();
+    setVctualRect(ShapeRules::spanned(getPointWithIndex(0), getPointWithIndex(points.size() - 1)));
+    return vctualRect();
+}
+
+bool ZRGaussianBlur::isClickOn(ZRPoint point)
+{
+    if (vctualRect().width == 0 && vctualRect().height == 0)
+        return false; // a click made it, nothing is to be seen
+    resizeDirection = getResizeDirection(point);
+    return resizeDirection != kNoHandle || vctualRect().contains(point);
+}
+
+void ZRGaussianBlur::mouseDragged(ZRPoint point)
+{
+    if (!isDrawDone())
+        ZRBasicCustomView::mouseDragged(point);
+}
