@@ -78,7 +78,7 @@ void benchSecureMosaic(const QImage& frame, int level, BenchTable& table)
     QImage copy;
     const auto floor = [&] { copy = frame.copy(); };
     const auto ours = [&] { secureMosaic(frame, frame.rect(), level); };
-    compare({QStringLiteral("secure mosaic, level %1").arg(level), frame.size(), {}, 0, {}, 3}, 15, floor,
+    compare({QStringLiteral("secure mosaic, level %1").arg(level), frame.size(), {}, 0, {}, 4}, 15, floor,
         ours, table);
 }
 
