@@ -22,9 +22,11 @@ private:
     bool isArrival(const xcb_generic_event_t& event) const;
     void tryToTake();
     bool isGrantedNow() const;
+    bool isGrantedByCore() const;
 
     std::shared_ptr<XConnection> m_x;
     const int m_inputEvents;          // the opcode of the input extension; 0 without it
+    const quint16 m_device;           // its pointer; 0 without it
     xcb_window_t m_window = XCB_NONE; // asked for
     bool m_isGranted = false;
     int m_attemptsLeft = 0;
