@@ -26,6 +26,11 @@ TEST(OverlayKeys, CommandAndControlMeanTheSame)
         {Qt::Key_Backspace, Qt::NoModifier, OverlayAction::Delete},
         {Qt::Key_Delete, Qt::NoModifier, OverlayAction::Delete},
         {Qt::Key_Delete, Qt::ControlModifier, OverlayAction::None},
+        {Qt::Key_C, Qt::ControlModifier, OverlayAction::Copy},
+        {Qt::Key_C, Qt::MetaModifier, OverlayAction::Copy},
+        {Qt::Key_C, Qt::NoModifier, OverlayAction::CopyColour},
+        {Qt::Key_C, Qt::KeypadModifier, OverlayAction::CopyColour},
+        {Qt::Key_C, Qt::ShiftModifier, OverlayAction::None},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << c.key << " with " << c.modifiers.toInt());
@@ -42,4 +47,29 @@ TEST(OverlayKeys, FollowThePositionWhereTheLayoutHasNoLatinLetters)
     EXPECT_EQ(pressed(0x42b, kPositionOfS), OverlayAction::Save) << "a Cyrillic letter";
     EXPECT_EQ(pressed(0x444, kPositionOfA), OverlayAction::None);
     EXPECT_EQ(pressed(Qt::Key_O, kPositionOfS), OverlayAction::None) << "a Latin layout decides by letter";
+}
+
+TEST(OverlayKeys, StepTheRegionWithTheArrows)
+{
+    struct Case {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        QPoint by; // none for no step
+        bool isResize;
+    };
+    const Case cases[] = {
+        {Qt::Key_Left, Qt::NoModifier, {-1, 0}, false},
+        {Qt::Key_Right, Qt::KeypadModifier, {1, 0}, false},
+        {Qt::Key_Up, Qt::ShiftModifier, {0, -1}, true},
+        {Qt::Key_Down, Qt::ShiftModifier, {0, 1}, true},
+        {Qt::Key_Down, Qt::ControlModifier, {}, false},
+        {Qt::Key_A, Qt::NoModifier, {}, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.key << " with " << c.modifiers.toInt());
+        const auto step = arrowStep(QKeyEvent(QEvent::KeyPress, c.key, c.modifiers));
+        EXPECT_EQ(step.has_value(), !c.by.isNull());
+        EXPECT_EQ(step.value_or(ArrowStep{}).by, c.by);
+        EXPECT_EQ(step.value_or(ArrowStep{}).isResize, c.isResize);
+    }
 }

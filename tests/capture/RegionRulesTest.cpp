@@ -114,3 +114,28 @@ TEST(RegionRules, SnapEveryEdgeToADevicePixel)
         EXPECT_NEAR(again.width, r.width, 1e-9);
     }
 }
+
+TEST(RegionSteps, MoveAndStretchByOnePixelWithinTheDisplay)
+{
+    struct Case {
+        const char* what;
+        QRect region;
+        QPoint by;
+        QRect moved, stretched; // on a display of 100 x 80 pixels
+    };
+    const Case cases[] = {
+        {"right", {10, 20, 30, 40}, {1, 0}, {11, 20, 30, 40}, {10, 20, 31, 40}},
+        {"up", {10, 20, 30, 40}, {0, -1}, {10, 19, 30, 40}, {10, 20, 30, 39}},
+        {"at the left edge", {0, 20, 1, 40}, {-1, 0}, {0, 20, 1, 40}, {0, 20, 1, 40}},
+        {"at the bottom edge", {10, 40, 30, 40}, {0, 1}, {10, 40, 30, 40}, {10, 40, 30, 40}},
+        {"at the right edge", {70, 20, 30, 40}, {1, 0}, {70, 20, 30, 40}, {70, 20, 30, 40}},
+        {"from beyond the left", {-20, 20, 30, 40}, {1, 0}, {0, 20, 30, 40}, {-20, 20, 31, 40}},
+        {"larger than the display", {-5, 0, 120, 40}, {1, 0}, {0, 0, 120, 40}, {-5, 0, 105, 40}},
+        {"without extent", {10, 20, 0, 0}, {0, 1}, {10, 21, 0, 0}, {10, 20, 0, 1}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(RegionRules::nudged(c.region, c.by, {100, 80}), c.moved);
+        EXPECT_EQ(RegionRules::stretched(c.region, c.by, {100, 80}), c.stretched);
+    }
+}

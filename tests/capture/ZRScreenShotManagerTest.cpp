@@ -1,11 +1,17 @@
 #include "capture/ZRScreenShotManager.h"
 
+#include "capture/RegionSizeView.h"
+#include "capture/ScreenShotBackView.h"
 #include "capture/ToolScreen.h"
+#include "capture/ZRMagnifierView.h"
+#include "capture/ZRScreenshotCursorView.h"
+#include "capture/ZRStaticScreenShotWindow.h"
 #include "settings/AppSettings.h"
 #include "settings/UserDefaults.h"
 #include "tests/fakes/FakePlatform.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
@@ -55,6 +61,16 @@ protected:
     {
         manager->keyDown(QKeyEvent(QEvent::KeyPress, key, modifiers));
     }
+    // The overlay's shown window and what stands on it.
+    static ZRStaticScreenShotWindow& overlay()
+    {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* window = dynamic_cast<ZRStaticScreenShotWindow*>(widget); window && window->isVisible())
+                return *window;
+        throw std::runtime_error("no overlay");
+    }
+    static ScreenShotBackView& mask() { return overlay().backView(); }
+    void move(ZRPoint to) { manager->mouseMoved({to, Qt::NoButton}); }
     bool waitForOutcomes(size_t count)
     {
         return QTest::qWaitFor([&] { return outcomes.size() >= count; }, 5000);
@@ -223,4 +239,89 @@ TEST_F(ZRScreenShotManagerTest, TakesAHurriedHandAtItsWord)
     press(Qt::Key_S, Qt::ControlModifier);
     ASSERT_TRUE(waitForOutcomes(2));
     EXPECT_EQ(QImage(outcomes[1].path).size(), QSize(30, 20));
+}
+
+TEST_F(ZRScreenShotManagerTest, ShowsTheAidsWhileTheRegionIsChosenAndNotAfterwards)
+{
+    displays().pointerPixel = QPoint(120, 70);
+    start(false);
+    EXPECT_TRUE(mask().crossView().isCrossShown());
+    EXPECT_EQ(mask().magnifierView().pixelColorValueText(), QStringLiteral("120x530"));
+    EXPECT_EQ(mask().magnifierView().locationText(), QStringLiteral("#784601")) << "120, 70, display 1";
+    EXPECT_EQ(overlay().cursor().shape(), Qt::BlankCursor);
+    move({200, 500});
+    EXPECT_EQ(mask().magnifierView().locationText(), QStringLiteral("#c86401"));
+    EXPECT_EQ(mask().crossView().crossLocation(), (ZRPoint{200, 500}));
+
+    manager->mouseDown({{200, 500}, Qt::LeftButton});
+    manager->mouseDragged({{260, 420}, Qt::NoButton});
+    EXPECT_TRUE(mask().magnifierView().isShown());
+    EXPECT_EQ(mask().crossView().crossLocation(), (ZRPoint{260, 420}));
+    EXPECT_EQ(mask().regionSizeView().text(), QStringLiteral("60x80"));
+    manager->mouseUp({{260, 420}, Qt::LeftButton});
+    EXPECT_FALSE(mask().magnifierView().isShown());
+    EXPECT_FALSE(mask().crossView().isCrossShown());
+
+    move({230, 450});
+    EXPECT_FALSE(mask().crossView().isCrossShown());
+    EXPECT_EQ(overlay().cursor().shape(), Qt::SizeAllCursor);
+    move({260, 420});
+    EXPECT_EQ(overlay().cursor().shape(), Qt::SizeFDiagCursor);
+    move({300, 300});
+    EXPECT_EQ(overlay().cursor().shape(), Qt::ArrowCursor);
+
+    manager->mouseDown({{260, 420}, Qt::LeftButton});
+    manager->mouseDragged({{160, 440}, Qt::NoButton}); // the corner past the left edge
+    EXPECT_TRUE(mask().magnifierView().isShown());
+    EXPECT_EQ(overlay().cursor().shape(), Qt::SizeFDiagCursor);
+    EXPECT_EQ(mask().regionSizeView().text(), QStringLiteral("40x60"));
+    EXPECT_EQ(mask().regionSizeView().labelRect().origin(), (ZRPoint{160, 505}));
+    manager->mouseUp({{160, 440}, Qt::LeftButton});
+    EXPECT_FALSE(mask().magnifierView().isShown());
+    EXPECT_EQ(mask().regionSizeView().labelRect().origin(), (ZRPoint{160, 505}));
+}
+
+TEST_F(ZRScreenShotManagerTest, CopiesTheColourUnderThePointerAndGoesOn)
+{
+    QApplication::clipboard()->clear();
+    start(false);
+    move({200, 500});
+    press(Qt::Key_C);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("#c86401"));
+    EXPECT_TRUE(outcomes.empty());
+    QApplication::clipboard()->clear();
+    drag({200, 500}, {260, 420});
+    press(Qt::Key_C);
+    EXPECT_TRUE(QApplication::clipboard()->text().isEmpty()) << "a fixed region has no colour";
+}
+
+TEST_F(ZRScreenShotManagerTest, StepsAFixedRegionWithTheArrowKeys)
+{
+    start(false);
+    press(Qt::Key_Right);
+    drag({0, 20}, {10, 10});
+    for (const Qt::Key key :
+        {Qt::Key_Right, Qt::Key_Up, Qt::Key_Left, Qt::Key_Left}) // the left edge stops it
+        press(key);
+    EXPECT_EQ(mask().regionRect(), (ZRRect{0, 11, 10, 10}));
+    press(Qt::Key_Right, Qt::ShiftModifier);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(mask().regionRect(), (ZRRect{0, 10, 11, 11}));
+    EXPECT_EQ(mask().regionSizeView().text(), QStringLiteral("11x11"));
+}
+
+TEST_F(ZRScreenShotManagerTest, WalksThroughTheWindowsWithTheWheel)
+{
+    const auto window = [](QRect pixels) { return WindowRecord{pixels, QStringLiteral("program"), {}, 1}; };
+    server().windows = {window({100, 50, 60, 40}), window({50, 20, 300, 200})};
+    start(false);
+    move({120, 530});
+    EXPECT_EQ(mask().regionRect().size(), (ZRSize{60, 40}));
+    manager->scrollWheel({{120, 530}, Qt::NoButton}, 120);
+    EXPECT_EQ(mask().regionRect().size(), (ZRSize{300, 200}));
+    manager->mouseDown({{121, 530}, Qt::LeftButton});
+    manager->mouseUp({{121, 530}, Qt::LeftButton});
+    EXPECT_EQ(mask().regionRect().size(), (ZRSize{300, 200})) << "a click takes it";
+    manager->scrollWheel({{121, 530}, Qt::NoButton}, -120);
+    EXPECT_EQ(mask().regionRect().size(), (ZRSize{300, 200})) << "and fixes it";
 }

@@ -17,15 +17,17 @@ enum class Key : quint8 {
     A = 38,
     S = 39,
     D = 40,
+    Shift = 50,
     C = 54,
     Alt = 64,
     Up = 111,
+    Left = 113,
     Right = 114,
     Down = 116,
     Super = 133,
 };
 
-enum class Button : quint8 { Left = 1, Right = 3 };
+enum class Button : quint8 { Left = 1, Right = 3, WheelUp = 4, WheelDown = 5 };
 
 // Real keys and a real mouse: what it sends comes out of the server as from a device. Whatever is still down
 // goes up when the object goes.
