@@ -78,14 +78,6 @@ QString buttonLook()
         "QPushButton:focus { border-color: rgb(12,66,150); }");
 }
 
-QHBoxLayout* rowOf(QWidget* parent)
-{
-    auto* row = new QHBoxLayout(parent);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(kGap);
-    return row;
-}
-
 bool hasSelection(const QObject* field)
 {
     if (const auto* spin = qobject_cast<const QSpinBox*>(field))
@@ -127,16 +119,17 @@ void ZRColorWindow::build()
     column->setSizeConstraint(QLayout::SetFixedSize);
     m_swatch = new ColourSwatch(kSwatchSize, Qt::NoFocus, this);
     m_swatch->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    for (QWidget* row :
-        {static_cast<QWidget*>(m_swatch), steppers(), separator(), htmlRow(), separator(), pickRow()})
-        column->addWidget(row);
+    column->addWidget(m_swatch);
+    column->addLayout(steppers());
+    column->addWidget(separator());
+    column->addLayout(htmlRow());
+    column->addWidget(separator());
+    column->addLayout(pickRow());
 }
 
-QWidget* ZRColorWindow::steppers()
+QLayout* ZRColorWindow::steppers()
 {
-    auto* block = new QWidget(this);
-    auto* grid = new QGridLayout(block);
-    grid->setContentsMargins(0, 0, 0, 0);
+    auto* grid = new QGridLayout;
     grid->setVerticalSpacing(2 * kSmallGap);
     grid->setHorizontalSpacing(2 * kSmallGap);
     grid->setColumnMinimumWidth(2, kGap);
@@ -149,7 +142,7 @@ QWidget* ZRColorWindow::steppers()
     }
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(4, 1);
-    return block;
+    return grid;
 }
 
 QSpinBox* ZRColorWindow::makeStepper(int index)
@@ -166,36 +159,38 @@ QSpinBox* ZRColorWindow::makeStepper(int index)
     return stepper;
 }
 
-QWidget* ZRColorWindow::htmlRow()
+QLayout* ZRColorWindow::htmlRow()
 {
-    auto* block = new QWidget(this);
-    QHBoxLayout* row = rowOf(block);
-    m_html = new QLineEdit(block);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(kGap);
+    m_html = new QLineEdit(this);
     m_html->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_html->setTextMargins(kSmallGap, 0, kSmallGap, 0);
     m_html->setFixedHeight(kFieldHeight);
     m_html->installEventFilter(this);
     connect(m_html, &QLineEdit::textEdited, this, [this](const QString& text) { htmlEdited(text); });
     connect(m_html, &QLineEdit::editingFinished, this, [this] { htmlFinished(); });
-    m_copy = new QPushButton(block);
+    row->addWidget(makeCaption(QStringLiteral("Html"), m_html));
+    row->addWidget(m_html, 1);
+    row->addWidget(makeCopyButton());
+    return row;
+}
+
+QPushButton* ZRColorWindow::makeCopyButton()
+{
+    m_copy = new QPushButton(this);
     m_copy->setStyleSheet(buttonLook());
     m_copy->setFixedHeight(kFieldHeight);
     m_copy->setFocus(); // no field waits for text, so no caret blinks
     connect(m_copy, &QPushButton::clicked, this, [this] { copyValue(); });
-    row->addWidget(makeCaption(QStringLiteral("Html"), m_html));
-    row->addWidget(m_html, 1);
-    row->addWidget(m_copy);
-    return block;
+    return m_copy;
 }
 
-QWidget* ZRColorWindow::pickRow()
+QLayout* ZRColorWindow::pickRow()
 {
-    auto* block = new QWidget(this);
-    auto* column = new QVBoxLayout(block);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2 * kSmallGap);
-    auto* swatches = new QWidget(block);
-    QHBoxLayout* row = rowOf(swatches);
+    auto* swatches = new QWidget(this);
+    auto* row = new QHBoxLayout(swatches);
+    row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(kSmallGap);
     for (ColourSwatch*& swatch : m_pickSwatches) {
         swatch = new ColourSwatch(kPickSize, Qt::StrongFocus, swatches);
@@ -206,9 +201,11 @@ QWidget* ZRColorWindow::pickRow()
         row->addWidget(swatch);
     }
     row->addStretch(1);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(2 * kSmallGap);
     column->addWidget(makeCaption(QStringLiteral("LastPicks"), swatches));
     column->addWidget(swatches);
-    return block;
+    return column;
 }
 
 QWidget* ZRColorWindow::separator()
@@ -360,4 +357,5 @@ void ZRColorWindow::changeText()
     const int width = m_copy->sizeHint().width();
     m_copy->setText(text(QStringLiteral("CopyValue")));
     m_copy->setMinimumWidth(std::max(width, m_copy->sizeHint().width()));
+    layout()->activate(); // at once: nobody sees a text that its place is too small for
 }

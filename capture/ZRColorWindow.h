@@ -10,8 +10,8 @@
 #include <memory>
 
 class ColourSwatch;
-class QHBoxLayout;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
@@ -37,9 +37,10 @@ private:
 
     ZRColorWindow();
     void build();
-    QWidget* steppers();
-    QWidget* htmlRow();
-    QWidget* pickRow();
+    QLayout* steppers();
+    QLayout* htmlRow();
+    QLayout* pickRow();
+    QPushButton* makeCopyButton();
     QWidget* separator();
     QSpinBox* makeStepper(int index);
     QLabel* makeCaption(const QString& key, QWidget* of);

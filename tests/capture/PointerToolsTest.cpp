@@ -274,6 +274,7 @@ TEST_F(PointerToolsTest, WhatComesNextWaitsUntilTheDesktopIsUncovered)
         manager->startScreenShotGetColor(); // the one before never gets as far as a window
         if (isCancelled)
             manager->_cancelScreenshot();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return isCancelled || manager->tools().distanceWindow(); }, 2000));
         QTest::qWait(80);
         EXPECT_EQ(manager->tools().distanceWindow() == nullptr, isCancelled);
         EXPECT_EQ(server().freezes, freezes + (isCancelled ? 0 : 1));

@@ -1,7 +1,11 @@
 #include "capture/ZRColorWindow.h"
 
 #include "capture/ColourSwatch.h"
+#include "commonutils/NotificationCenter.h"
+#include "settings/AppSettings.h"
 #include "settings/UserDefaults.h"
+#include "tests/app/Languages.h"
+#include "tests/app/TextFit.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -68,6 +72,8 @@ protected:
     UserDefaults m_store{m_folder.path(), QStringLiteral("test"), QStringLiteral("older")};
     std::unique_ptr<ZRColorWindow> window;
 };
+
+class ColorWindowLanguages : public LanguagesTest { };
 
 } // namespace
 
@@ -154,4 +160,26 @@ TEST_F(ZRColorWindowTest, EscapeClosesItFromEveryField)
         QTest::keyClick(field, Qt::Key_Escape);
         EXPECT_FALSE(window->isVisible());
     }
+}
+
+TEST_F(ColorWindowLanguages, EveryTextFollowsTheLanguageAndFits)
+{
+    const auto window = ZRColorWindow::loadForNib();
+    window->setColorPanelWithColor(kBlue);
+    window->show();
+    const auto text = [](const char16_t* key) {
+        return AppSettings::getXMLValueForKeywords(QStringLiteral("Lumora:Color:") + QString::fromUtf16(key));
+    };
+    inEveryLanguage([&] {
+        NotificationCenter::defaultCenter().post(QStringLiteral("needChangeClientLanguageRegister"));
+        EXPECT_EQ(window->windowTitle(), text(u"Title"));
+        EXPECT_EQ(window->findChild<QSpinBox*>()->accessibleName(), text(u"Red"));
+        const TextFit fit = textFitOf(*window);
+        for (const char16_t* key : {u"Red", u"Green", u"Blue", u"Hue", u"Saturation", u"Lightness", u"Html",
+                 u"CopyValue", u"LastPicks"})
+            EXPECT_TRUE(fit.texts.contains(text(key))) << qPrintable(text(key));
+        EXPECT_EQ(fit.cut, QStringList()) << qPrintable(fit.cut.join(QLatin1Char('|')));
+        window->copyValue();
+        EXPECT_EQ(textFitOf(*window).cut, QStringList());
+    });
 }
