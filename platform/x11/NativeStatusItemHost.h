@@ -23,13 +23,10 @@ public:
 
     void watch() override;
 
-private Q_SLOTS:
-    // The bus calls it by name.
-    void askNotifier();
-
 private:
     void handleEvent(const xcb_generic_event_t& event) override;
     void busIsThere();
+    Q_SLOT void askNotifier(); // called by name
     void notifierAnswered(const QDBusMessage& answer);
     void settleForTray();
     bool hasTray() const;
