@@ -14,6 +14,7 @@ TEST(ChromeRules, PlaceTheSizeLabelAboveTheRegion)
         {"above", {100, 50, 300, 200}, {100, 255}},
         {"just below the top", {100, 50, 300, 522}, {100, 577}},
         {"reaching the top", {100, 50, 300, 523}, {100, 578}},
+        {"reaching past the top by a point", {100, 50, 300, 524}, {100, 578}},
         {"at the top", {100, 50, 300, 550}, {100, 578}},
         {"the whole display", {0, 0, 800, 600}, {0, 578}},
         {"pulled past the left edge", {400, 50, -300, 200}, {100, 255}},

@@ -67,7 +67,7 @@ protected:
         for (QWidget* widget : QApplication::topLevelWidgets())
             if (auto* window = dynamic_cast<ZRStaticScreenShotWindow*>(widget); window && window->isVisible())
                 return *window;
-        throw std::runtime_error("no overlay");
+        qFatal("no overlay is shown");
     }
     static ScreenShotBackView& mask() { return overlay().backView(); }
     void move(ZRPoint to) { manager->mouseMoved({to, Qt::NoButton}); }
