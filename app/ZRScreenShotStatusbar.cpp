@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QKeyEvent>
+#include <QTimer>
 
 #include <utility>
 
@@ -137,7 +138,7 @@ void ZRScreenShotStatusbar::watchMenu(QMenu& menu)
 void ZRScreenShotStatusbar::initialize()
 {
     m_host.onFound = [this] { makeStatusItem(); };
-    m_host.watch();
+    QTimer::singleShot(0, this, [this] { m_host.watch(); }); // the launch has the processor to itself
 }
 
 void ZRScreenShotStatusbar::makeStatusItem()
