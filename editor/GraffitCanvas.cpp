@@ -6,20 +6,23 @@ namespace {
 
 constexpr size_t kFew = 4; // more rectangles than these are painted as one
 
-// Rectangles that overlap become one.
-std::vector<QRect> merged(const QRect& a, const QRect& b)
-{
-    if (a.isEmpty() || b.isEmpty() || a.intersects(b))
-        return {a | b};
-    return {a, b};
-}
-
 QRect united(const std::vector<QRect>& rects)
 {
     QRect all;
     for (const QRect& r : rects)
         all |= r;
     return all;
+}
+
+// Empties the list. Rectangles that overlap or are many become one; none is empty.
+std::vector<QRect> takeFew(std::vector<QRect>& list)
+{
+    std::vector<QRect> rects = std::exchange(list, {});
+    std::erase_if(rects, [](const QRect& r) { return r.isEmpty(); });
+    const bool isOverlapping = rects.size() == 2 && rects[0].intersects(rects[1]);
+    if (rects.size() > kFew || isOverlapping)
+        return {united(rects)};
+    return rects;
 }
 
 }
@@ -44,34 +47,34 @@ void GraffitCanvas::invalidate(const EntityRecord& record)
 
 QRegion GraffitCanvas::repaint(std::span<const EntityRecord> lower, const EntityRecord* top)
 {
-    std::vector<QRect> rects = std::exchange(m_invalid, {});
-    if (rects.size() > kFew)
-        rects = {united(rects)};
+    m_invalid.insert(m_invalid.end(), m_moved.begin(), m_moved.end());
+    m_moved.clear();
     QRegion painted;
-    for (const QRect& pixels : rects) {
-        if (pixels.isEmpty())
-            continue;
+    for (const QRect& pixels : takeFew(m_invalid)) {
         paintLower(pixels, lower);
-        paintTop(pixels, top);
+        paintAll(pixels, top);
         painted += pixels;
     }
     m_top = top ? m_painter.pixelBounds(*top) & m_frozen.rect() : QRect();
     return painted;
 }
 
-QRegion GraffitCanvas::repaintTop(const EntityRecord& top)
+QRegion GraffitCanvas::moveTop(const EntityRecord& top)
 {
+    const QRect before = std::exchange(m_top, m_painter.pixelBounds(top) & m_frozen.rect());
     const QRect grown = m_painter.grownPixels(top) & m_frozen.rect();
-    const QRect bounds = m_painter.pixelBounds(top) & m_frozen.rect();
-    QRegion painted;
-    for (const QRect& pixels : grown.isEmpty() ? merged(m_top, bounds) : std::vector<QRect>{grown}) {
-        if (pixels.isEmpty())
-            continue;
-        paintTop(pixels, &top);
-        painted += pixels;
+    if (!grown.isEmpty()) {
+        m_moved.push_back(grown);
+        return grown;
     }
-    m_top = bounds;
-    return painted;
+    m_moved.insert(m_moved.end(), {before, m_top});
+    return QRegion(before) + m_top;
+}
+
+void GraffitCanvas::paintTop(const EntityRecord& top)
+{
+    for (const QRect& pixels : takeFew(m_moved))
+        paintAll(pixels, &top);
 }
 
 void GraffitCanvas::draw(QPainter& painter, const QRect& pixels)
@@ -104,7 +107,7 @@ void GraffitCanvas::paintLower(const QRect& pixels, std::span<const EntityRecord
     m_marked |= pixels;
 }
 
-void GraffitCanvas::paintTop(const QRect& pixels, const EntityRecord* top)
+void GraffitCanvas::paintAll(const QRect& pixels, const EntityRecord* top)
 {
     QImage& picture = m_all.with(pixels);
     LazyCopy::copyPixels(picture, m_lower.with(pixels), pixels);

@@ -25,8 +25,10 @@ public:
     // Paints what is out of date, `lower` first; `top` is the annotation in hand or null. The pixels that it
     // painted.
     QRegion repaint(std::span<const EntityRecord> lower, const EntityRecord* top);
-    // Paints the annotation in hand anew, where it was and where it is. The pixels that it painted.
-    QRegion repaintTop(const EntityRecord& top);
+    // The annotation in hand has changed: the pixels where it was and where it is. They are painted by the
+    // next paintTop(), so that of many movements between two pictures only the last one costs a painting.
+    QRegion moveTop(const EntityRecord& top);
+    void paintTop(const EntityRecord& top);
 
     // Holds everything that differs from the frozen picture.
     QRect marked() const { return m_marked; }
@@ -37,13 +39,14 @@ public:
 
 private:
     void paintLower(const QRect& pixels, std::span<const EntityRecord> lower);
-    void paintTop(const QRect& pixels, const EntityRecord* top);
+    void paintAll(const QRect& pixels, const EntityRecord* top);
 
     QImage m_frozen;
     GraffitPainter m_painter;
     LazyCopy m_lower; // all but the annotation in hand
     LazyCopy m_all;
-    std::vector<QRect> m_invalid;
-    QRect m_top; // where the annotation in hand is painted
+    std::vector<QRect> m_invalid; // to be painted in both pictures
+    std::vector<QRect> m_moved;   // to be painted in that of all
+    QRect m_top;                  // where the annotation in hand is
     QRect m_marked;
 };

@@ -38,6 +38,12 @@ void ZREditorView::setFrameAround(ZRRect frame)
     updatePixels(shownPixels());
 }
 
+QImage ZREditorView::composed(const QRect& pixels)
+{
+    paintMovedEntity();
+    return m_canvas.composed(pixels);
+}
+
 void ZREditorView::invalidate(const ZRBasicCustomView& entity)
 {
     m_canvas.invalidate(entity.record());
@@ -123,6 +129,7 @@ void ZREditorView::paintEvent(QPaintEvent* event)
 {
     if (!m_display)
         return;
+    paintMovedEntity();
     QPainter painter(this);
     DevicePixels::begin(painter, *this);
     _drawGraffit(painter, event->region());
@@ -184,10 +191,16 @@ void ZREditorView::redisplayEntity()
     if (m_current != m_top)
         return;
     const EntityRecord record = m_current->record();
-    updatePixels(m_canvas.repaintTop(record));
+    updatePixels(m_canvas.moveTop(record));
     updatePixels(pixelsOf(m_currentMarks));
     m_currentMarks = FocusMarks::of(record);
     updatePixels(pixelsOf(m_currentMarks));
+}
+
+void ZREditorView::paintMovedEntity()
+{
+    if (m_top)
+        m_canvas.paintTop(m_top->record());
 }
 
 void ZREditorView::showMarks(std::vector<FocusMarks> marks, FocusMarks current)

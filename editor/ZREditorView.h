@@ -36,7 +36,7 @@ public:
 
     // The frozen display with the annotations, as it is on the screen but for handles. `pixels` of the
     // display.
-    QImage composed(const QRect& pixels) { return m_canvas.composed(pixels); }
+    QImage composed(const QRect& pixels);
 
     // To be called before and after an annotation changes, or leaves or enters the list; redisplay() follows.
     void invalidate(const ZRBasicCustomView& entity);
@@ -60,6 +60,7 @@ private:
     void startCanvas();
     void finishGesture();
     void redisplayEntity();
+    void paintMovedEntity();
     void showMarks(std::vector<FocusMarks> marks, FocusMarks current);
     QRegion pixelsOf(const FocusMarks& marks) const;
     QRegion markPixels() const;

@@ -53,7 +53,17 @@ void ZRGraffitManager::clear()
     mLastFocusOnEntity = nullptr;
     m_history.clear();
     mGraffitEntitys.clear();
+    m_everyMovement.reset();
     const std::unique_ptr<ZREditorView> view(mEditorView.data());
+}
+
+void ZRGraffitManager::updateGraffitID(const QString& id)
+{
+    mCurGraffitID = id;
+    if (id.isNull())
+        m_everyMovement.reset();
+    else if (!m_everyMovement)
+        m_everyMovement.emplace();
 }
 
 void ZRGraffitManager::setLineWidth(qint32 points)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/EveryMovement.h"
 #include "editor/GraffitHistory.h"
 #include "editor/RegionImageSource.h"
 #include "editor/ZREditorDelegate.h"
@@ -31,7 +32,7 @@ public:
     void clear();
 
     // The tool's identifier; null for no tool.
-    void updateGraffitID(const QString& id) { mCurGraffitID = id; }
+    void updateGraffitID(const QString& id);
     const QString& graffitID() const { return mCurGraffitID; }
     // The style of new annotations, given to the selected one as well.
     void setLineWidth(qint32 points);
@@ -87,6 +88,7 @@ private:
     void setCursor(Qt::CursorShape shape) const;
 
     QString mCurGraffitID;
+    std::optional<EveryMovement> m_everyMovement; // while there is a tool
     QPointer<ZREditorView> mEditorView;
     Entities mGraffitEntitys;
     ZRBasicCustomView* mLastFocusOnEntity = nullptr; // the selected one

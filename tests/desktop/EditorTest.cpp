@@ -1,0 +1,293 @@
+#include "tests/desktop/ProgramTest.h"
+
+namespace {
+
+constexpr QRect kRegion{101, 77, 1000, 640};
+constexpr QPoint kNowhere(1060, 690); // on the region, where no test draws
+
+struct Drawing {
+    const char* tool;
+    QPoint from, to;
+    QPoint grip; // where a press takes the whole of it, whatever its width
+    QRect cell;  // holds all that is drawn
+};
+constexpr Drawing kDrawings[] = {
+    {"square", {180, 140}, {330, 230}, {220, 140}, {150, 110, 220, 160}},
+    {"eillpse", {450, 140}, {610, 230}, {582, 156}, {410, 110, 240, 160}},
+    {"arrow", {740, 240}, {930, 150}, {835, 195}, {700, 110, 280, 160}},
+    {"customLine", {180, 400}, {330, 475}, {230, 425}, {150, 360, 220, 160}},
+    {"light", {460, 400}, {610, 475}, {510, 425}, {410, 360, 240, 160}},
+    {"line", {740, 480}, {930, 390}, {835, 435}, {700, 360, 280, 160}},
+};
+
+// The smallest rectangle around the pixels in which two pictures differ.
+QRect changed(const QImage& a, const QImage& b)
+{
+    QRect rect;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (a.pixel(x, y) != b.pixel(x, y))
+                rect |= QRect(x, y, 1, 1);
+    return rect;
+}
+
+// By at most a pixel on each side: where a soft edge ends is not to the point.
+testing::AssertionResult isNear(const QRect& actual, const QRect& expected)
+{
+    if (actual.adjusted(-1, -1, 1, 1).contains(expected) && expected.adjusted(-1, -1, 1, 1).contains(actual))
+        return testing::AssertionSuccess();
+    return testing::AssertionFailure() << actual.x() << ',' << actual.y() << ' ' << actual.width() << 'x'
+                                       << actual.height() << " instead of " << expected.x() << ','
+                                       << expected.y() << ' ' << expected.width() << 'x' << expected.height();
+}
+
+// Annotations with a real mouse and real keys, at scale 1 with a window manager, at scale 2 without. Device
+// pixels of the screen.
+class Editor : public EachDesktopTest {
+protected:
+    void SetUp() override
+    {
+        EachDesktopTest::SetUp();
+        m_program.setEnvironment(QStringLiteral("LUMORA_DEVELOPER"), QStringLiteral("1"));
+        m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale()));
+        ASSERT_TRUE(m_program.startResident());
+        ASSERT_TRUE(openOverlay());
+        m_desktop.input().drag(kRegion.topLeft(), kRegion.bottomRight() + QPoint(1, 1));
+        m_empty = m_desktop.settledScreen();
+    }
+
+    static int scale() { return GetParam() ? 1 : 2; }
+    bool arm(const char* tool, QStringList style = {})
+    {
+        return m_program.run(QStringList{QStringLiteral("tool"), QLatin1String(tool)} + style).exitCode == 0;
+    }
+    void drag(QPoint from, QPoint to) { m_desktop.input().drag(from, to); }
+    void draw(const Drawing& drawing)
+    {
+        ASSERT_TRUE(arm(drawing.tool));
+        drag(drawing.from, drawing.to);
+    }
+    void clickAt(QPoint point)
+    {
+        m_desktop.input().moveTo(point);
+        m_desktop.input().click(Button::Left);
+    }
+    void deselect() { clickAt(kNowhere); }
+    void undo() { m_desktop.input().chord({Key::Control, Key::Z}); }
+    void redo() { m_desktop.input().chord({Key::Control, Key::Shift, Key::Z}); }
+
+    QImage screen() const { return m_desktop.settledScreen(); }
+    // The region without its border and handles.
+    static QRect inside() { return kRegion.adjusted(12, 12, -12, -12); }
+    // What the annotations cover on the screen.
+    QRect ink() const { return changed(screen(), m_empty); }
+    // The saved picture, put back where it was on the screen.
+    QImage saved()
+    {
+        QImage whole = m_before;
+        const QImage picture = pictureAfter({Key::Control, Key::S});
+        if (picture.size() != kRegion.size())
+            return {};
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                whole.setPixel(kRegion.topLeft() + QPoint(x, y), picture.pixel(x, y));
+        return whole;
+    }
+
+    QImage m_empty; // the overlay with the region and no annotation
+};
+
+} // namespace
+
+LUMORA_ON_EACH_DESKTOP(Editor);
+
+TEST_P(Editor, FileIsTheFrameBesideTheAnnotationsAndTheOverlayInside)
+{
+    for (const Drawing& drawing : kDrawings)
+        draw(drawing);
+    clickAt(kDrawings[0].grip); // its handles are not in the file
+    const QImage selected = screen();
+    deselect();
+    const QImage overlay = screen();
+    EXPECT_NE(selected, overlay);
+    for (const Drawing& drawing : kDrawings) {
+        SCOPED_TRACE(drawing.tool);
+        const QRect drawn = changed(overlay.copy(drawing.cell), m_empty.copy(drawing.cell));
+        EXPECT_GE(drawn.width(), std::abs(drawing.to.x() - drawing.from.x()));
+        EXPECT_GE(drawn.height(), std::abs(drawing.to.y() - drawing.from.y()));
+    }
+    clickAt(kDrawings[1].grip);
+    QImage file = saved();
+    ASSERT_FALSE(file.isNull());
+    EXPECT_TRUE(samePixels(file.copy(inside()), overlay.copy(inside())));
+    for (const Drawing& drawing : kDrawings)
+        for (int y = drawing.cell.top(); y <= drawing.cell.bottom(); ++y)
+            for (int x = drawing.cell.left(); x <= drawing.cell.right(); ++x)
+                file.setPixel(x, y, m_before.pixel(x, y));
+    EXPECT_TRUE(samePixels(file, m_before));
+}
+
+TEST_P(Editor, HandlesResizeAndUndoTakesItBack)
+{
+    const QRect drawn(400, 300, 200, 120); // its right and bottom edges are places of the pointer
+    struct Case {
+        const char* tool;
+        QPoint onLine; // from the top left corner
+    };
+    for (const auto& [tool, onLine] : {Case{"square", {29, 0}}, Case{"eillpse", {29, 17}}}) {
+        ASSERT_TRUE(arm(tool));
+        drag(drawn.topLeft(), drawn.topLeft() + QPoint(200, 120));
+        const QRect original = ink();
+        const int half = 3 * scale() / 2;
+        EXPECT_TRUE(isNear(original, drawn.adjusted(-half, -half, half, half)));
+        for (int handle = 0; handle < 9; ++handle) {
+            const int column = handle % 3, row = handle / 3;
+            if (column == 1 && row == 1)
+                continue;
+            SCOPED_TRACE(testing::Message() << tool << " at " << column << ',' << row);
+            clickAt(drawn.topLeft() + onLine);
+            const QPoint press = drawn.topLeft() + QPoint(100 * column, 60 * row);
+            drag(press, press + QPoint(24, 16));
+            deselect();
+            QRect expected = original;
+            expected.adjust(column == 0 ? 24 : 0, row == 0 ? 16 : 0, column == 2 ? 24 : 0, row == 2 ? 16 : 0);
+            EXPECT_TRUE(isNear(ink(), expected));
+            undo();
+            undo(); // the click that selected it
+            EXPECT_EQ(ink(), original);
+        }
+        undo();
+        EXPECT_TRUE(samePixels(screen(), m_empty));
+    }
+}
+
+TEST_P(Editor, ShapesMoveAreRestyledUndoneAndRedone)
+{
+    for (const Drawing& drawing : kDrawings) {
+        SCOPED_TRACE(drawing.tool);
+        draw(drawing);
+        const QImage first = screen();
+        drag(drawing.grip, drawing.grip + QPoint(11, 70));
+        deselect();
+        const QImage moved = screen();
+        EXPECT_TRUE(isNear(changed(moved, m_empty), changed(first, m_empty).translated(11, 70)));
+        clickAt(drawing.grip + QPoint(11, 70));
+        ASSERT_TRUE(arm(drawing.tool, {QStringLiteral("--width"), QStringLiteral("9"),
+                                          QStringLiteral("--color"), QStringLiteral("#00a000")}));
+        deselect();
+        EXPECT_TRUE(changed(screen(), m_empty).contains(changed(moved, m_empty)));
+        EXPECT_NE(screen(), moved);
+        clickAt(drawing.grip + QPoint(11, 70));
+        ASSERT_TRUE(arm(drawing.tool, {QStringLiteral("--width"), QStringLiteral("3"),
+                                          QStringLiteral("--color"), QStringLiteral("#ff0000")}));
+        deselect();
+        EXPECT_TRUE(samePixels(screen(), moved));
+        for (int press = 0; press < 3; ++press) // two clicks and the move
+            undo();
+        EXPECT_TRUE(samePixels(screen(), first));
+        redo();
+        EXPECT_TRUE(samePixels(screen(), moved));
+        undo();
+        undo();
+        EXPECT_TRUE(samePixels(screen(), m_empty));
+        redo();
+        EXPECT_TRUE(samePixels(screen(), first));
+        undo();
+    }
+}
+
+TEST_P(Editor, EndsOfLinesMoveAlone)
+{
+    for (const Drawing& drawing : {kDrawings[2], kDrawings[5]}) {
+        SCOPED_TRACE(drawing.tool);
+        draw(drawing);
+        const QRect before = ink();
+        clickAt(drawing.grip);
+        drag(drawing.from, drawing.from + QPoint(-20, 30));
+        deselect();
+        EXPECT_TRUE(isNear(ink(), before.adjusted(-20, 0, 0, 30)));
+        undo();
+        undo();
+        EXPECT_EQ(ink(), before);
+        undo();
+    }
+}
+
+TEST_P(Editor, EraserAndDeleteKeyTakeAndUndoBrings)
+{
+    for (const Drawing& drawing : kDrawings)
+        draw(drawing);
+    const QImage all = screen();
+    ASSERT_TRUE(arm("rubber"));
+    clickAt(kDrawings[2].grip);
+    const QImage erased = screen();
+    EXPECT_TRUE(kDrawings[2].cell.contains(changed(all, erased)));
+    EXPECT_TRUE(samePixels(erased.copy(kDrawings[2].cell), m_empty.copy(kDrawings[2].cell)));
+    undo();
+    EXPECT_TRUE(samePixels(screen(), all));
+    redo();
+    EXPECT_TRUE(samePixels(screen(), erased));
+    ASSERT_TRUE(arm("line"));
+    clickAt(kDrawings[5].grip);
+    m_desktop.input().chord({Key::BackSpace});
+    EXPECT_TRUE(samePixels(screen().copy(kDrawings[5].cell), m_empty.copy(kDrawings[5].cell)));
+    undo();
+    EXPECT_TRUE(samePixels(screen(), erased));
+    for (int step = 0; step < 10; ++step)
+        undo();
+    EXPECT_TRUE(samePixels(screen(), m_empty));
+}
+
+TEST_P(Editor, AnnotationsFollowAMovedRegionAndStayInAResizedOne)
+{
+    draw(kDrawings[1]);
+    ASSERT_TRUE(arm("none"));
+    const QRect drawn = ink();
+    drag(kRegion.topLeft(), kRegion.topLeft() + QPoint(-40, -30));
+    EXPECT_EQ(
+        changed(screen().copy(inside()), m_before.copy(inside())), drawn.translated(-inside().topLeft()));
+    const QPoint press(800, 600);
+    drag(press, press + QPoint(20, 14));
+    const QImage overlay = screen();
+    const QRect area = inside();
+    EXPECT_TRUE(isNear(
+        changed(overlay.copy(area), m_before.copy(area)), drawn.translated(QPoint(20, 14) - area.topLeft())));
+    const QImage picture = pictureAfter({Key::Control, Key::S});
+    const QPoint corner = kRegion.topLeft() + QPoint(-20, -16);
+    ASSERT_EQ(picture.size(), kRegion.size() + QSize(40, 30));
+    EXPECT_TRUE(samePixels(picture.copy(area.translated(-corner)), overlay.copy(area)));
+}
+
+TEST_P(Editor, DrawingStaysInsideTheRegionAndTheRightButtonEndsIt)
+{
+    ASSERT_TRUE(arm("customLine"));
+    Input& input = m_desktop.input();
+    input.moveTo({500, 300});
+    input.press(Button::Left);
+    for (const QPoint point : {QPoint(1240, 30), QPoint(20, 760), QPoint(600, 400)})
+        input.moveTo(point);
+    const QImage drawing = screen();
+    EXPECT_TRUE(kRegion.contains(changed(drawing, m_empty)));
+    input.press(Button::Right);
+    input.release(Button::Right);
+    EXPECT_TRUE(m_program.waitForNoOverlay());
+    input.release(Button::Left);
+    EXPECT_TRUE(waitForRest());
+    EXPECT_TRUE(m_program.savedPictures().isEmpty());
+}
+
+TEST_P(Editor, FreehandStrokeKeepsItsCorners)
+{
+    ASSERT_TRUE(arm("customLine", {QStringLiteral("--width"), QStringLiteral("6")}));
+    Input& input = m_desktop.input();
+    input.moveTo({200, 500});
+    input.press(Button::Left);
+    for (int corner = 1; corner <= 30; ++corner)
+        input.moveTo({200 + 20 * corner, corner % 2 ? 300 : 500});
+    input.release(Button::Left);
+    const QImage drawn = screen();
+    for (int corner = 1; corner < 30; ++corner) {
+        const QPoint point(200 + 20 * corner, corner % 2 ? 300 : 500);
+        EXPECT_EQ(drawn.pixel(point), qRgb(255, 0, 0)) << corner;
+    }
+}
