@@ -1,16 +1,22 @@
 #!/bin/sh
 # Measures the program beside its floors and prints one table of ratios; ends with 1 when a limit is not kept.
-#   scripts/bench.sh [NAME...]    only the named benches: start overlay drag capture png languages rest blur
+#   scripts/bench.sh [NAME...]    only the named benches: start overlay drag capture png languages rest blur editor
 set -eu
 cd "$(dirname "$0")/.."
 
 scripts/dependencies.sh bench
 cmake --preset release -B build/bench -DLUMORA_BENCH=ON >/dev/null
-cmake --build build/bench --target bench_desktop bench_blur >&2
+cmake --build build/bench --target bench_desktop bench_blur bench_editor >&2
 kept=0
-[ "$*" = blur ] || build/bench/bench/desktop/bench_desktop "$@" || kept=$?
-# Mosaics and blur need no desktop; their table is their own.
-case " ${*:-blur} " in
-    *" blur "*) build/bench/bench/blur/bench_blur || kept=1 ;;
-esac
+# Blur and editor need no desktop; their tables are their own.
+desktop=$(printf '%s\n' "$@" | grep -vx 'blur\|editor' | tr '\n' ' ')
+if [ $# -eq 0 ] || [ -n "${desktop# }" ]; then
+    # shellcheck disable=SC2086 # names, one a word
+    build/bench/bench/desktop/bench_desktop $desktop || kept=$?
+fi
+for name in blur editor; do
+    case " ${*:-$name} " in
+        *" $name "*) "build/bench/bench/$name/bench_$name" || kept=1 ;;
+    esac
+done
 exit $kept

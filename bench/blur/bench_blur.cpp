@@ -1,6 +1,6 @@
 // The pictures that hide something, beside their floors: a memcpy for the mosaics, OpenCV's blur for ours.
 // Processor time on one thread each, in turns. Prints one table; ends with 1 when a limit is not kept.
-#include "bench/desktop/BenchTable.h"
+#include "bench/desktop/ProcessorTime.h"
 #include "bench/png/ScreenPictures.h"
 #include "editor/GaussianBlur.h"
 #include "editor/MosaicRules.h"
@@ -11,8 +11,6 @@
 #include <opencv2/imgproc.hpp>
 
 #include <cstring>
-#include <ctime>
-#include <functional>
 #include <utility>
 
 namespace {
@@ -20,30 +18,12 @@ namespace {
 constexpr QSize kArea(600, 400);
 constexpr QSize k4K(3840, 2160);
 
-double processorMilliseconds(const std::function<void()>& work)
+void compare(const BenchRow& row, int rounds, const std::function<void()>& floor,
+    const std::function<void()>& ours, BenchTable& table)
 {
-    const std::clock_t start = std::clock();
-    work();
-    return double(std::clock() - start) * 1000 / CLOCKS_PER_SEC;
-}
-
-// Both once to warm up, then in turns.
-void compare(BenchRow row, int rounds, const std::function<void()>& floor, const std::function<void()>& ours,
-    BenchTable& table)
-{
-    std::vector<double> floorTimes, ourTimes;
-    for (int round = 0; round <= rounds; ++round) {
-        const double floorTime = processorMilliseconds(floor);
-        const double ourTime = processorMilliseconds(ours);
-        if (round == 0)
-            continue;
-        floorTimes.push_back(floorTime);
-        ourTimes.push_back(ourTime);
-    }
-    row.floor = median(floorTimes);
-    row.ours = median(ourTimes);
-    row.unit = QStringLiteral("ms");
-    table.add(row);
+    ProcessorTime::compare(
+        row, rounds, [&] { return ProcessorTime::of(floor); }, [&] { return ProcessorTime::of(ours); },
+        table);
 }
 
 // OpenCV takes black for what lies outside, as ours does before it lays the rest over the picture. Both make
