@@ -28,6 +28,11 @@ void discard(std::unique_ptr<ZRStaticScreenShotWindow> window)
     ScreenCoverWindow::discard(std::move(window));
 }
 
+bool endsCapture(OverlayAction action)
+{
+    return action == OverlayAction::Cancel || action == OverlayAction::Save || action == OverlayAction::Copy;
+}
+
 }
 
 ZRScreenShotManager::ZRScreenShotManager(Platform& platform)
@@ -35,6 +40,9 @@ ZRScreenShotManager::ZRScreenShotManager(Platform& platform)
     , m_tools(platform)
 {
     mScreenShotController.setScreenshotManager(this);
+    m_platform.frontKeeper->mayRaise = [this] {
+        return !mGraffitManager || !mGraffitManager->isTextEdited();
+    };
     m_platform.displays->onChange = [this] { displaysChanged(); };
     m_platform.inputGrab->onRefused = [this](const QString& reason) {
         failCapture(reason);
@@ -396,8 +404,11 @@ void ZRScreenShotManager::keyDown(const QKeyEvent& event)
 {
     if (m_isEnding)
         return;
+    const OverlayAction action = overlayAction(event);
+    if (event.isAutoRepeat() && endsCapture(action))
+        return; // the key may have ended the edit of a text and still be down
     m_isEndedByKey = true;
-    switch (overlayAction(event)) {
+    switch (action) {
     case OverlayAction::Cancel:
         _cancelScreenshot();
         break;
@@ -413,7 +424,7 @@ void ZRScreenShotManager::keyDown(const QKeyEvent& event)
     case OverlayAction::Undo:
     case OverlayAction::Redo:
     case OverlayAction::Delete:
-        edit(overlayAction(event));
+        edit(action);
         break;
     case OverlayAction::None:
         moveRegionByKey(event);

@@ -152,6 +152,7 @@ void ZRScreenShotViewController::_saveToPasteboard()
 
 Picture ZRScreenShotViewController::takePicture()
 {
+    mManager->clearFocusOnGraffitView(); // what is being typed belongs to the picture
     Picture picture = createImage(false);
     mManager->beginEnding();
     return picture;

@@ -19,6 +19,12 @@ void GraffitHistory::pressed(const ZRBasicCustomView& entity)
     pressedAgain(entity);
 }
 
+bool GraffitHistory::knows(const ZRBasicCustomView& entity) const
+{
+    return std::any_of(
+        m_done.begin(), m_done.end(), [&entity](const Done& step) { return step.pressed == &entity; });
+}
+
 void GraffitHistory::removed(std::unique_ptr<ZRBasicCustomView> entity, size_t index)
 {
     changed();

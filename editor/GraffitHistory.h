@@ -11,6 +11,7 @@ class GraffitHistory {
 public:
     // A press on an annotation, or the one that made it.
     void pressed(const ZRBasicCustomView& entity);
+    bool knows(const ZRBasicCustomView& entity) const;
     // Eraser or delete key took an annotation from this place of the list.
     void removed(std::unique_ptr<ZRBasicCustomView> entity, size_t index);
     // From now on there is nothing to redo.

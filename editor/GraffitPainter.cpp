@@ -1,10 +1,13 @@
 #include "editor/GraffitPainter.h"
 
 #include "editor/ShapeRules.h"
+#include "editor/TextLine.h"
 
 #include <QPainterPath>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -14,6 +17,11 @@ constexpr double kArrowOutline = 1; // points
 bool isRectangular(const EntityRecord& record)
 {
     return record.idName == QLatin1String("square") || record.idName == QLatin1String("eillpse");
+}
+
+bool isArea(const EntityRecord& record)
+{
+    return record.idName == QLatin1String("mosic") || record.idName == QLatin1String("blur");
 }
 
 bool isHighlighter(const EntityRecord& record)
@@ -29,6 +37,10 @@ bool isStroke(const EntityRecord& record)
 // What a click left draws nothing.
 bool isVisible(const EntityRecord& record)
 {
+    if (record.text)
+        return !record.text->isEmpty();
+    if (isArea(record))
+        return !record.picture.isNull();
     if (isRectangular(record))
         return record.bounds.width != 0 || record.bounds.height != 0;
     return record.hasPoints();
@@ -47,9 +59,21 @@ ZRRect arrowBounds(const EntityRecord& record)
     return ShapeRules::withPoint(bounds, arrow.tip).grown(kArrowOutline / 2);
 }
 
+// Letters may reach beyond their line.
+ZRRect textBounds(const EntityRecord& record)
+{
+    const ZRPoint corner = TextRules::textCorner(record.bounds);
+    const ZRSize size = record.text->size();
+    return ZRRect{corner.x, corner.y - size.height, size.width, size.height}.grown(size.height / 2);
+}
+
 // In points; what is drawn with a pen reaches beyond its path by half the pen's width.
 ZRRect paintedRect(const EntityRecord& record)
 {
+    if (record.text)
+        return textBounds(record);
+    if (isArea(record))
+        return record.bounds;
     if (record.idName == QLatin1String("arrow"))
         return arrowBounds(record);
     if (record.idName == QLatin1String("line"))
@@ -67,6 +91,11 @@ QRectF qt(ZRRect r)
 QPointF qt(ZRPoint p)
 {
     return {p.x, p.y};
+}
+
+int nearestPixel(double value)
+{
+    return int(std::floor(value + 0.5));
 }
 
 QPen roundPen(const QColor& color, double width)
@@ -119,6 +148,10 @@ void GraffitPainter::paint(QImage& picture, const EntityRecord& record, const QR
     };
     if (!isVisible(record))
         return;
+    if (record.text)
+        return drawText({picture, clip}, record);
+    if (isArea(record))
+        return drawPicture({picture, clip}, record);
     if (isStroke(record))
         return drawStroke({picture, clip}, record);
     for (const Drawer& drawer : kDrawers) {
@@ -162,6 +195,23 @@ void GraffitPainter::_drawLineWithDragPoints(QPainter& painter, const EntityReco
 {
     painter.setPen(roundPen(record.drawColor, record.drawLineWidth));
     painter.drawLine(qt(record.start()), qt(record.end()));
+}
+
+void GraffitPainter::drawText(const Canvas& canvas, const EntityRecord& record) const
+{
+    QPainter painter(&canvas.picture);
+    painter.setClipRect(canvas.clip);
+    record.text->paint(painter, m_toPixels, TextRules::textCorner(record.bounds), record.drawColor);
+}
+
+// An area begins and ends with a pixel; beyond the display nothing was hidden.
+void GraffitPainter::drawPicture(const Canvas& canvas, const EntityRecord& record) const
+{
+    const QPointF corner = m_toPixels.mapRect(qt(record.bounds)).topLeft();
+    QPainter painter(&canvas.picture);
+    painter.setClipRect(canvas.clip);
+    painter.drawImage(
+        QPoint(std::max(0, nearestPixel(corner.x())), std::max(0, nearestPixel(corner.y()))), record.picture);
 }
 
 // Pen and highlighter: every point in its order, without smoothing.

@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QTransform>
 
-// Paints annotations, all but text boxes, into a picture: the one routine for what the user sees and for what
+// Paints annotations into a picture: the one routine for what the user sees and for what
 // goes out. It never reads the focus, so no handle gets into a picture. Format_RGB32, device pixels.
 class GraffitPainter {
 public:
@@ -30,6 +30,8 @@ private:
     void _drawEillpseWithRect(QPainter& painter, const EntityRecord& record) const;
     void _drawArrowWithDragPoints(QPainter& painter, const EntityRecord& record) const;
     void _drawLineWithDragPoints(QPainter& painter, const EntityRecord& record) const;
+    void drawText(const Canvas& canvas, const EntityRecord& record) const;
+    void drawPicture(const Canvas& canvas, const EntityRecord& record) const;
     void drawStroke(const Canvas& canvas, const EntityRecord& record);
     StrokeMask::Stroke stroke(const EntityRecord& record) const;
 

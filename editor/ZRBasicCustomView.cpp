@@ -9,6 +9,7 @@
 #include "editor/ZRHightlight.h"
 #include "editor/ZRLine.h"
 #include "editor/ZRSquare.h"
+#include "editor/ZRTextEditor.h"
 
 namespace {
 
@@ -23,6 +24,7 @@ struct Tool {
     std::unique_ptr<ZRBasicCustomView> (*make)();
 };
 constexpr Tool kTools[] = {
+    {"text", make<ZRTextEditor>},
     {"square", make<ZRSquare>},
     {"eillpse", make<ZREillpse>},
     {"arrow", make<ZRArrow>},
@@ -85,8 +87,15 @@ void ZRBasicCustomView::setIsFocusOn(bool isOn)
 
 EntityRecord ZRBasicCustomView::record() const
 {
-    return {mVctualRect, mViewID, isFocusOn(), &mDragePointList, mLineWidth, mColor, needsBorder(), m_extent,
-        m_revision};
+    return {.bounds = mVctualRect,
+        .idName = mViewID,
+        .focusOn = isFocusOn(),
+        .dragPoints = &mDragePointList,
+        .drawLineWidth = mLineWidth,
+        .drawColor = mColor,
+        .needBorder = needsBorder(),
+        .pointExtent = m_extent,
+        .revision = m_revision};
 }
 
 ZRPoint ZRBasicCustomView::getPointWithIndex(size_t index) const

@@ -42,7 +42,7 @@ public:
     void setIsDrawDone() { _isDrawDone = true; }
 
     // What is drawn now; it refers to the annotation's own points.
-    EntityRecord record() const;
+    virtual EntityRecord record() const;
 
     // The place of the press while there is no such point.
     ZRPoint getPointWithIndex(size_t index) const;
@@ -62,6 +62,8 @@ public:
     // The rectangle of before the latest press; nothing where that press made the annotation.
     void revoke();
     bool isRemoveView() const { return mDrageMoveList.size() < 2; }
+    // Whether one undo takes it away, whatever was done to it since it was made.
+    virtual bool isUndoneWhole() const { return false; }
     // Moves points, rectangle and what can be revoked: the space they are counted in has moved.
     void shift(double dx, double dy);
     // Makes points and rectangle what they were at another time.

@@ -8,4 +8,6 @@ public:
     virtual ~ZREditorDelegate() = default;
     // An empty text box has left the view.
     virtual void EditorDelegate_deleteNullTextField(ZRBasicCustomView* textField) = 0;
+    // A key has ended the edit of a text.
+    virtual void EditorDelegate_endEdit() = 0;
 };

@@ -31,6 +31,10 @@ public:
     virtual void EditorRequest_DidUpdateCurrentEntity() = 0;
     // All annotations but text boxes, in drawing order.
     virtual std::vector<EntityRecord> EditorRequest_getAllGraffitRect() const = 0;
+    // The same with the text boxes.
+    virtual std::vector<EntityRecord> allRecords() const = 0;
+    // The region is at another place of the display: the pictures of the pixels below have to be made anew.
+    virtual void EditorRequest_DidMoveRegion() = 0;
     // The frozen pixels of a rectangle of the overlay; null when there are none.
     virtual QImage EditorRequest_getCurrentImageFromTheRegion(ZRRect rect) const = 0;
 };

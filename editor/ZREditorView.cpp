@@ -1,11 +1,17 @@
 #include "editor/ZREditorView.h"
 
 #include "customui/DevicePixels.h"
+#include "editor/SecureMosaic.h"
 #include "editor/ZRBasicCustomView.h"
+#include "editor/ZREditorDelegate.h"
 #include "editor/ZREditorRequestDelegate.h"
+#include "editor/ZRGaussianBlur.h"
+#include "editor/ZRTextEditor.h"
+#include "settings/AppSettings.h"
 
 #include <QPaintEvent>
 
+#include <algorithm>
 #include <utility>
 
 ZREditorView::ZREditorView(QWidget* parent)
@@ -25,6 +31,8 @@ void ZREditorView::setFrame(ZRRect frame)
         return;
     updatePixels(shownPixels());
     m_frame = frame;
+    if (requestDelegate)
+        requestDelegate->EditorRequest_DidMoveRegion();
     startCanvas();
     redisplay();
 }
@@ -53,7 +61,7 @@ void ZREditorView::redisplay()
 {
     if (!requestDelegate)
         return;
-    const std::vector<EntityRecord> records = requestDelegate->EditorRequest_getAllGraffitRect();
+    const std::vector<EntityRecord> records = requestDelegate->allRecords();
     const bool hasTop =
         m_current && !records.empty() && records.back().dragPoints == &m_current->dragPoints();
     const EntityRecord* top = hasTop ? &records.back() : nullptr;
@@ -69,6 +77,8 @@ void ZREditorView::redisplay()
         if (record.focusOn)
             marks.push_back(FocusMarks::of(record));
     showMarks(std::move(marks), top ? FocusMarks::of(*top) : FocusMarks());
+    if (const ZRTextEditor* editor = editingEditor())
+        placeField(*editor);
 }
 
 void ZREditorView::clearSelectedEntity()
@@ -77,21 +87,95 @@ void ZREditorView::clearSelectedEntity()
         redisplay();
 }
 
+void ZREditorView::addNewTextEditorWithLocation(ZRPoint point)
+{
+    auto* editor = dynamic_cast<ZRTextEditor*>(m_current);
+    if (!editor)
+        return;
+    editor->updateFrame(TextRules::newBox(point, mTextFont));
+    addSubview(*editor);
+    editor->changeTextColor(mTextColor);
+    editor->changeTextFont(mTextFont);
+    editor->becomeFirstResponder();
+}
+
+double ZREditorView::getNewEditorHeightWithTextFont(const QFont& font)
+{
+    return TextRules::newBox({}, font).height;
+}
+
+void ZREditorView::addSubview(ZRTextEditor& editor)
+{
+    m_editors.push_back(&editor);
+    editor.textField()->setParent(this);
+    editor.textField()->caretRect = [this, &editor] {
+        return widgetRect(editor.caretRect()).translated(-editor.textField()->pos());
+    };
+    editor.onChange = [this, &editor] { showEditor(editor); };
+    editor.onEndEdit = [this] { delegate->EditorDelegate_endEdit(); };
+}
+
+void ZREditorView::removeSubview(ZRTextEditor& editor)
+{
+    std::erase(m_editors, &editor);
+    editor.onChange = nullptr;
+    editor.onEndEdit = nullptr;
+}
+
+ZRTextEditor* ZREditorView::editingEditor() const
+{
+    const auto place = std::find_if(
+        m_editors.begin(), m_editors.end(), [](const ZRTextEditor* each) { return each->isEditing(); });
+    return place == m_editors.end() ? nullptr : *place;
+}
+
+ZRTextEditor* ZREditorView::isClickOnEditor(ZRPoint point) const
+{
+    const auto place = std::find_if(
+        m_editors.begin(), m_editors.end(), [point](ZRTextEditor* each) { return each->isClickOn(point); });
+    return place == m_editors.end() ? nullptr : *place;
+}
+
+void ZREditorView::removeEditorWitchIsNullText()
+{
+    for (ZRTextEditor* editor : std::vector(m_editors)) {
+        if (!editor->isNullText() || editor->isFocusOn())
+            continue;
+        if (m_current == editor)
+            clearSelectedEntity();
+        removeSubview(*editor);
+        delegate->EditorDelegate_deleteNullTextField(editor);
+    }
+}
+
+void ZREditorView::makePicture(ZRGaussianBlur& area)
+{
+    invalidate(area);
+    area.clearBlurLayer();
+    if (!area.vctualRect().isEmpty())
+        area.setBlurLayer(coverOf(area));
+    invalidate(area);
+}
+
 // A release that never came is taken as come.
 void ZREditorView::mouseDown(const ZRMouseEvent& event)
 {
     finishGesture();
-    m_current = nullptr;
     m_lastPoint = event.location;
+    const ZRPoint point = convertPoint(event.location);
+    if (pressInEditor(point, event.clickCount))
+        return;
+    m_current = nullptr;
     if (event.clickCount > 1)
         return redisplay();
-    const ZRPoint point = convertPoint(event.location);
     const auto press = requestDelegate->EditorRequest_GetCurrentStatus(point);
     if (press.status == PressStatus::Nothing)
         return redisplay();
     m_current = press.graffitEntity;
-    if (m_current && m_current->viewId() != QLatin1String("text"))
+    if (m_current)
         m_current->mouseDown(point);
+    if (press.status == PressStatus::Created && dynamic_cast<ZRTextEditor*>(m_current))
+        addNewTextEditorWithLocation(point);
     requestDelegate->EditorRequest_DidUDownEntityWithEntity(m_current);
     redisplay();
 }
@@ -103,7 +187,9 @@ void ZREditorView::mouseDragged(const ZRMouseEvent& event)
     const ZRPoint point = convertPoint(event.location);
     if (requestDelegate->EditorRequest_UpdateCurrentEntityDragStatus(point) == DragStatus::Ignored)
         return clearSelectedEntity();
-    if (!m_current)
+    if (m_isInField)
+        return editingEditor() ? editingEditor()->dragInField(point) : void();
+    if (!m_current || dragBeyondRegion(point))
         return;
     m_current->mouseDragged(point);
     redisplayEntity();
@@ -142,10 +228,71 @@ void ZREditorView::_drawGraffit(QPainter& painter, const QRegion& dirtyPoints)
         m_canvas.draw(painter, pixels);
     }
     painter.setClipRect(regionPixels());
-    painter.setTransform(toPixels(), true);
     for (const FocusMarks& marks : m_marks)
-        marks.paint(painter);
-    m_currentMarks.paint(painter);
+        marks.paint(painter, toPixels());
+    m_currentMarks.paint(painter, toPixels());
+}
+
+// A press in the text that is edited, or the second click on a selected one, which starts its edit.
+bool ZREditorView::pressInEditor(ZRPoint point, int clickCount)
+{
+    ZRTextEditor* editor = editingEditor();
+    if (!editor && clickCount > 1)
+        editor = dynamic_cast<ZRTextEditor*>(m_current);
+    if (!editor || !editor->isClickOn(point))
+        return false;
+    if (!editor->isEditing())
+        editor->becomeFirstResponder();
+    m_isInField = true;
+    editor->pressInField(point, clickCount);
+    return true;
+}
+
+void ZREditorView::showEditor(ZRTextEditor& editor)
+{
+    if (m_current == &editor && m_top == &editor) {
+        redisplayEntity();
+        return placeField(editor);
+    }
+    invalidate(editor);
+    redisplay();
+}
+
+void ZREditorView::placeField(const ZRTextEditor& editor) const
+{
+    editor.textField()->setGeometry(widgetRect(TextRules::fieldRect(editor.vctualRect())).toAlignedRect());
+}
+
+// In points of the widget, which grow downwards.
+QRectF ZREditorView::widgetRect(ZRRect rect) const
+{
+    const QRectF pixels = toPixels().mapRect(QRectF(rect.x, rect.y, rect.width, rect.height));
+    const double scale = devicePixelRatioF();
+    return {pixels.topLeft() / scale, pixels.size() / scale};
+}
+
+// The drag of a new area ends where it leaves the region, and the area with it.
+bool ZREditorView::dragBeyondRegion(ZRPoint point)
+{
+    const ZRPoint inside{std::clamp(point.x, 0.0, m_frame.width), std::clamp(point.y, 0.0, m_frame.height)};
+    if (inside == point || m_current->isDrawDone() || !dynamic_cast<ZRGaussianBlur*>(m_current))
+        return false;
+    m_current->mouseDragged(inside);
+    finishGesture();
+    clearSelectedEntity();
+    return true;
+}
+
+QImage ZREditorView::coverOf(const ZRGaussianBlur& area) const
+{
+    const ZRRect rect = area.vctualRect().translated(m_frame.x, m_frame.y);
+    const double scale = m_display->display().scale;
+    if (area.viewId() == QLatin1String("mosic") && AppSettings::isMosaicSecure()) {
+        const QRect pixels = m_display->display().localPixels(rect) & m_display->image().rect();
+        return secureMosaic(m_display->image(), pixels, std::max(1, qRound(area.strength() * scale)));
+    }
+    const QImage original = requestDelegate->EditorRequest_getCurrentImageFromTheRegion(rect);
+    return original.isNull() ? QImage() : area.coverOf(original, scale);
 }
 
 ZRPoint ZREditorView::convertPoint(ZRPoint overlayPoint) const
@@ -174,15 +321,19 @@ void ZREditorView::startCanvas()
     m_top = nullptr;
     if (!requestDelegate)
         return;
-    for (const EntityRecord& record : requestDelegate->EditorRequest_getAllGraffitRect())
+    for (const EntityRecord& record : requestDelegate->allRecords())
         m_canvas.invalidate(record);
 }
 
 void ZREditorView::finishGesture()
 {
     _isDragging = false;
-    if (m_current)
-        m_current->setIsDrawDone();
+    m_isInField = false;
+    if (!m_current || m_current->isDrawDone())
+        return;
+    if (auto* area = dynamic_cast<ZRGaussianBlur*>(m_current))
+        makePicture(*area);
+    m_current->setIsDrawDone();
 }
 
 // One step of a drag costs no look at any other annotation.

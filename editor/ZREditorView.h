@@ -10,6 +10,8 @@
 class ZRBasicCustomView;
 class ZREditorDelegate;
 class ZREditorRequestDelegate;
+class ZRGaussianBlur;
+class ZRTextEditor;
 
 // The drawing surface over the region: takes the pointer's events there, forwards them to the annotation
 // concerned and shows all annotations. The widget fills the overlay; its own space is that of `frame()`,
@@ -34,6 +36,18 @@ public:
     const QColor& curTextColor() const { return mTextColor; }
     bool isDragging() const { return _isDragging; }
 
+    // Makes the annotation of the latest press, a text box, a new one there and starts its edit.
+    void addNewTextEditorWithLocation(ZRPoint point);
+    static double getNewEditorHeightWithTextFont(const QFont& font);
+    // Text boxes take part in the view's events while they are its own; borrowed.
+    void addSubview(ZRTextEditor& editor);
+    void removeSubview(ZRTextEditor& editor);
+    ZRTextEditor* editingEditor() const; // null: no text is edited
+    ZRTextEditor* isClickOnEditor(ZRPoint point) const;
+    void removeEditorWitchIsNullText();
+    // Hides an area anew, by what lies below it now.
+    void makePicture(ZRGaussianBlur& area);
+
     // The frozen display with the annotations, as it is on the screen but for handles. `pixels` of the
     // display.
     QImage composed(const QRect& pixels);
@@ -54,6 +68,12 @@ private:
     void paintEvent(QPaintEvent* event) override;
     void _drawGraffit(QPainter& painter, const QRegion& dirtyPoints);
 
+    bool pressInEditor(ZRPoint point, int clickCount);
+    void showEditor(ZRTextEditor& editor);
+    void placeField(const ZRTextEditor& editor) const;
+    QRectF widgetRect(ZRRect rect) const;
+    bool dragBeyondRegion(ZRPoint point);
+    QImage coverOf(const ZRGaussianBlur& area) const;
     ZRPoint convertPoint(ZRPoint overlayPoint) const;
     QTransform toPixels() const;
     QRect regionPixels() const;
@@ -75,6 +95,8 @@ private:
     ZRBasicCustomView* m_current = nullptr; // press, drag and release go to it
     ZRBasicCustomView* m_top = nullptr;     // the annotation in hand as the canvas has it
     ZRPoint m_lastPoint;                    // of the press or the drag
+    std::vector<ZRTextEditor*> m_editors;   // borrowed
+    bool m_isInField = false;               // the drag selects in the text that is edited
     ZRRect m_frame;
     std::shared_ptr<const Frame> m_display;
     GraffitCanvas m_canvas;

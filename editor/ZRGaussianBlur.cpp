@@ -22,11 +22,17 @@ QImage& ZRGaussianBlur::GaussianBlurImageFrom(QImage& image, double inputRadius)
 
 QImage ZRGaussianBlur::coverOf(const QImage& original, double scale) const
 {
-    const double level = lineWidth() * scale;
+    const double level = strength() * scale;
     if (viewId() == QLatin1String("mosic"))
         return transToMosaicImage(original, qRound(level));
     QImage picture = original;
     return GaussianBlurImageFrom(picture, level);
+}
+
+void ZRGaussianBlur::setBlurLayer(const QImage& cover)
+{
+    m_strength = strength();
+    mBurLayer = cover;
 }
 
 ZRRect ZRGaussianBlur::sizeToFit()
@@ -48,4 +54,11 @@ void ZRGaussianBlur::mouseDragged(ZRPoint point)
 {
     if (!isDrawDone())
         ZRBasicCustomView::mouseDragged(point);
+}
+
+EntityRecord ZRGaussianBlur::record() const
+{
+    EntityRecord record = ZRBasicCustomView::record();
+    record.picture = mBurLayer;
+    return record;
 }

@@ -4,6 +4,8 @@
 
 #include <QImage>
 
+#include <optional>
+
 // An area of the screen that is covered in place, by a mosaic or by a blur of what lies there. Once drawn it
 // can be selected and deleted, but neither moved nor resized.
 class ZRGaussianBlur : public ZRBasicCustomView {
@@ -18,18 +20,22 @@ public:
     // What covers the area: its part of the frozen display, in the display's pixels, `scale` of them a point.
     // Kept: the tool's identifier alone decides between mosaic and blur.
     QImage coverOf(const QImage& original, double scale) const;
+    // A block's side or the blur's radius, in points: the line width; once there is a cover, that of the
+    // first.
+    qint32 strength() const { return m_strength.value_or(lineWidth()); }
 
     // Kept: true for a blur as well.
     bool isMosic() const { return _isMosic; }
     void setIsMosic(bool isMosic) { _isMosic = isMosic; }
     // Fills the area; null until the drag that creates it has ended.
     const QImage& blurLayer() const { return mBurLayer; }
-    void setBlurLayer(const QImage& cover) { mBurLayer = cover; }
+    void setBlurLayer(const QImage& cover);
     void clearBlurLayer() { mBurLayer = {}; }
 
     ZRRect sizeToFit() override;
     bool isClickOn(ZRPoint point) override;
     void mouseDragged(ZRPoint point) override;
+    EntityRecord record() const override;
 
 protected:
     bool needsBorder() const override { return !isDrawDone() || isFocusOn(); }
@@ -38,4 +44,5 @@ protected:
 private:
     QImage mBurLayer;
     bool _isMosic = true;
+    std::optional<qint32> m_strength;
 };

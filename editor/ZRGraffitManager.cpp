@@ -1,10 +1,18 @@
 #include "editor/ZRGraffitManager.h"
 
+#include "editor/ZRGaussianBlur.h"
+#include "editor/ZRTextEditor.h"
+
 #include <algorithm>
 
 namespace {
 
 constexpr int kFontSize = 14; // points
+
+ZRTextEditor* textEditor(ZRBasicCustomView* entity)
+{
+    return dynamic_cast<ZRTextEditor*>(entity);
+}
 
 }
 
@@ -85,6 +93,8 @@ void ZRGraffitManager::setCurFont(const QFont& font)
 {
     mFont = font;
     mEditorView->setCurTextFont(font);
+    if (ZRTextEditor* text = textEditor(mLastFocusOnEntity))
+        change(*text, [this, text] { text->changeTextFont(mFont); });
 }
 
 ZRBasicCustomView* ZRGraffitManager::createNewGraffitEntity()
@@ -107,15 +117,14 @@ ZRBasicCustomView* ZRGraffitManager::isClickOnGraffit(ZRPoint point) const
 
 void ZRGraffitManager::clearFocusOnGraffitView()
 {
-    if (mLastFocusOnEntity)
-        mLastFocusOnEntity->unregisterFocusOn();
-    mLastFocusOnEntity = nullptr;
-    mEditorView->clearSelectedEntity();
+    unselect();
     mEditorView->redisplay();
 }
 
 void ZRGraffitManager::deleteGraffitFromBackSpace()
 {
+    if (ZRTextEditor* text = textEditor(mLastFocusOnEntity); text && text->isEditing())
+        return text->deleteText();
     const auto place = find(mLastFocusOnEntity);
     if (place == mGraffitEntitys.end())
         return;
@@ -139,6 +148,8 @@ void ZRGraffitManager::revokeDrawView()
         return;
     m_history.takePress(*mGraffitEntitys.back());
     auto last = take(std::prev(mGraffitEntitys.end()));
+    if (const ZRTextEditor* text = textEditor(last.get()); text && text->isNullText())
+        return;
     m_history.undone({.kind = GraffitHistory::Undone::Kind::Made, .made = std::move(last)});
 }
 
@@ -187,17 +198,16 @@ ZREditorRequestDelegate::Press ZRGraffitManager::EditorRequest_GetCurrentStatus(
     if (mCurGraffitID.isNull())
         return {};
     if (ZRBasicCustomView* entity = isClickOnGraffit(point)) {
-        entity->registerFocusOn();
-        mLastFocusOnEntity = entity;
-        setCursor(Qt::ClosedHandCursor);
+        select(entity);
         return {PressStatus::Hit, entity};
     }
-    if (!mLastFocusOnEntity)
-        return {PressStatus::Created, createNewGraffitEntity()};
-    mLastFocusOnEntity->unregisterFocusOn();
-    mLastFocusOnEntity = nullptr;
-    mEditorView->clearSelectedEntity();
-    return {};
+    if (mLastFocusOnEntity) {
+        unselect();
+        return {};
+    }
+    ZRBasicCustomView* entity = createNewGraffitEntity();
+    mLastFocusOnEntity = textEditor(entity);
+    return {PressStatus::Created, entity};
 }
 
 void ZRGraffitManager::EditorRequest_DidUDownEntityWithEntity(ZRBasicCustomView* entity)
@@ -207,7 +217,10 @@ void ZRGraffitManager::EditorRequest_DidUDownEntityWithEntity(ZRBasicCustomView*
     if (!entity)
         return;
     bringToFront(entity);
-    m_history.pressed(*entity);
+    if (entity->isUndoneWhole() && m_history.knows(*entity))
+        m_history.changed();
+    else
+        m_history.pressed(*entity);
 }
 
 // Kept: of all handles only the middle right one shows the closed hand.
@@ -218,6 +231,8 @@ ZRBasicCustomView* ZRGraffitManager::EditorRequest_UpdateCurrentEntityMoveStatus
     ZRBasicCustomView* entity = isClickOnGraffit(point);
     if (!entity)
         setCursor(Qt::CrossCursor);
+    else if (ZRTextEditor* text = textEditor(entity); text && text->isEditing())
+        setCursor(Qt::IBeamCursor);
     else
         setCursor(
             entity->getResizeDirection(point) == kMiddleRight ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
@@ -230,24 +245,42 @@ DragStatus ZRGraffitManager::EditorRequest_UpdateCurrentEntityDragStatus(ZRPoint
         mLastFocusOnEntity = nullptr;
         return DragStatus::Ignored;
     }
-    if (mLastFocusOnEntity)
+    if (isTextEdited())
+        setCursor(Qt::IBeamCursor);
+    else if (mLastFocusOnEntity)
         setCursor(mLastFocusOnEntity->isDrawDone() ? Qt::ClosedHandCursor : Qt::CrossCursor);
     return DragStatus::Forwarded;
 }
 
 void ZRGraffitManager::EditorRequest_DidUpdateCurrentEntity()
 {
-    setCursor(mLastFocusOnEntity ? Qt::OpenHandCursor : Qt::CrossCursor);
+    if (isTextEdited())
+        setCursor(Qt::IBeamCursor);
+    else
+        setCursor(mLastFocusOnEntity ? Qt::OpenHandCursor : Qt::CrossCursor);
 }
 
 std::vector<EntityRecord> ZRGraffitManager::EditorRequest_getAllGraffitRect() const
 {
+    std::vector<EntityRecord> records = allRecords();
+    std::erase_if(records, [](const EntityRecord& record) { return record.text != nullptr; });
+    return records;
+}
+
+std::vector<EntityRecord> ZRGraffitManager::allRecords() const
+{
     std::vector<EntityRecord> records;
     records.reserve(mGraffitEntitys.size());
     for (const auto& entity : mGraffitEntitys)
-        if (entity->viewId() != QLatin1String("text"))
-            records.push_back(entity->record());
+        records.push_back(entity->record());
     return records;
+}
+
+void ZRGraffitManager::EditorRequest_DidMoveRegion()
+{
+    for (const auto& entity : mGraffitEntitys)
+        if (auto* area = dynamic_cast<ZRGaussianBlur*>(entity.get()); area && area->isDrawDone())
+            mEditorView->makePicture(*area);
 }
 
 QImage ZRGraffitManager::EditorRequest_getCurrentImageFromTheRegion(ZRRect rect) const
@@ -264,6 +297,12 @@ void ZRGraffitManager::EditorDelegate_deleteNullTextField(ZRBasicCustomView* tex
         mLastFocusOnEntity = nullptr;
     m_history.takePress(*textField);
     mGraffitEntitys.erase(place);
+}
+
+void ZRGraffitManager::EditorDelegate_endEdit()
+{
+    clearFocusOnGraffitView();
+    setCursor(Qt::CrossCursor);
 }
 
 void ZRGraffitManager::change(ZRBasicCustomView& entity, const std::function<void()>& how)
@@ -284,6 +323,10 @@ ZRGraffitManager::Entities::iterator ZRGraffitManager::find(const ZRBasicCustomV
 void ZRGraffitManager::insert(std::unique_ptr<ZRBasicCustomView> entity, size_t index)
 {
     clearFocusOnGraffitView();
+    if (ZRTextEditor* text = textEditor(entity.get()))
+        mEditorView->addSubview(*text);
+    if (auto* area = dynamic_cast<ZRGaussianBlur*>(entity.get()))
+        mEditorView->makePicture(*area); // the region may have been elsewhere
     mEditorView->invalidate(*entity);
     const size_t place = std::min(index, mGraffitEntitys.size());
     mGraffitEntitys.insert(mGraffitEntitys.begin() + std::ptrdiff_t(place), std::move(entity));
@@ -301,6 +344,8 @@ std::unique_ptr<ZRBasicCustomView> ZRGraffitManager::take(Entities::iterator pla
     mLastFocusOnEntity = nullptr;
     mEditorView->clearSelectedEntity();
     mEditorView->redisplay();
+    if (ZRTextEditor* text = textEditor(entity.get()))
+        mEditorView->removeSubview(*text);
     return entity;
 }
 
@@ -313,6 +358,26 @@ void ZRGraffitManager::erase(ZRBasicCustomView* entity)
     entity->revoke();
     const auto index = size_t(place - mGraffitEntitys.begin());
     m_history.removed(take(place), index);
+}
+
+// A text that is edited is left by any press beside it.
+void ZRGraffitManager::select(ZRBasicCustomView* entity)
+{
+    if (isTextEdited() && mEditorView->editingEditor() != entity)
+        unselect();
+    entity->registerFocusOn();
+    mLastFocusOnEntity = entity;
+    setCursor(Qt::ClosedHandCursor);
+}
+
+// A text that was left empty goes.
+void ZRGraffitManager::unselect()
+{
+    if (mLastFocusOnEntity)
+        mLastFocusOnEntity->unregisterFocusOn();
+    mLastFocusOnEntity = nullptr;
+    mEditorView->clearSelectedEntity();
+    mEditorView->removeEditorWitchIsNullText();
 }
 
 void ZRGraffitManager::bringToFront(const ZRBasicCustomView* entity)

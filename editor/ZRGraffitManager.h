@@ -49,6 +49,8 @@ public:
     // Kept: of several annotations at the point the lowest.
     ZRBasicCustomView* isClickOnGraffit(ZRPoint point) const;
     void clearFocusOnGraffitView();
+    // Whether keys belong to a text that is edited.
+    bool isTextEdited() const { return mEditorView && mEditorView->editingEditor(); }
     void deleteGraffitFromBackSpace();
 
     // Kept: the count of annotations narrowed to a signed byte, so that 256 of them count as none.
@@ -72,7 +74,10 @@ public:
     void EditorRequest_DidUpdateCurrentEntity() override;
     std::vector<EntityRecord> EditorRequest_getAllGraffitRect() const override;
     QImage EditorRequest_getCurrentImageFromTheRegion(ZRRect rect) const override;
+    std::vector<EntityRecord> allRecords() const override;
+    void EditorRequest_DidMoveRegion() override;
     void EditorDelegate_deleteNullTextField(ZRBasicCustomView* textField) override;
+    void EditorDelegate_endEdit() override;
 
 private:
     using Entities = std::vector<std::unique_ptr<ZRBasicCustomView>>;
@@ -82,6 +87,8 @@ private:
     void insert(std::unique_ptr<ZRBasicCustomView> entity, size_t index);
     std::unique_ptr<ZRBasicCustomView> take(Entities::iterator place);
     void erase(ZRBasicCustomView* entity);
+    void select(ZRBasicCustomView* entity);
+    void unselect();
     void bringToFront(const ZRBasicCustomView* entity);
     DragPoints revokeLast();
     void shiftAll(double dx, double dy);

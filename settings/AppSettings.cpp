@@ -275,6 +275,16 @@ void AppSettings::saveMosicModel(bool model)
     saveToUserDefaultsForKeyBOOLValue(kMosaicMode, model);
 }
 
+bool AppSettings::isMosaicSecure()
+{
+    return getFromUserDefaultsBOOL(kMosaicSecure);
+}
+
+void AppSettings::setMosaicSecure(bool isSecure)
+{
+    saveToUserDefaultsForKeyBOOLValue(kMosaicSecure, isSecure);
+}
+
 bool AppSettings::isNeedAppStartWhenComputerPowerOn()
 {
     return AppVersionType() != kEditionWithoutAutoLaunch && getFromUserDefaultsBOOL(kAutoLaunch);

@@ -66,6 +66,9 @@ public:
     static void setIsOpenScreenshotLinkAfterUpload(bool isOpened);
     static bool getMosicModel();
     static void saveMosicModel(bool model);
+    // Whether a mosaic tells nothing about what it hides.
+    static bool isMosaicSecure();
+    static void setMosaicSecure(bool isSecure);
     static bool isNeedAppStartWhenComputerPowerOn();
     static void setNeedAppStartWhenComputerPowerOn(bool isNeeded);
 

@@ -16,6 +16,7 @@ inline const QString kOpenLink = QStringLiteral("openScreenshotLinkAfterUpload")
 inline const QString kClientLanguage = QStringLiteral("clientLang");
 inline const QString kChannelProvider = QStringLiteral("ChannelProviderID");
 inline const QString kMosaicMode = QStringLiteral("saveMosicModel");
+inline const QString kMosaicSecure = QStringLiteral("mosaicIsSecure");
 inline const QString kLanguageMenu = QStringLiteral("LangMenu");
 inline const QString kAutoLaunch = QStringLiteral("applicationAutoLaunch");
 inline const QString kImageQuality = QStringLiteral("userNeedImageQuality");
