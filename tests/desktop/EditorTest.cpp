@@ -276,6 +276,21 @@ TEST_P(Editor, DrawingStaysInsideTheRegionAndTheRightButtonEndsIt)
     EXPECT_TRUE(m_program.savedPictures().isEmpty());
 }
 
+TEST_P(Editor, DisplayThatGoesInTheMiddleOfADrawingEndsTheCapture)
+{
+    ASSERT_TRUE(arm("customLine"));
+    Input& input = m_desktop.input();
+    input.moveTo({500, 300});
+    input.press(Button::Left);
+    input.moveTo({600, 400});
+    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("OTHER"), {0, 0, 800, 600}));
+    EXPECT_TRUE(m_program.waitForNoOverlay());
+    input.moveTo({700, 500});
+    input.release(Button::Left);
+    EXPECT_TRUE(waitForRest());
+    EXPECT_TRUE(m_program.answers());
+}
+
 TEST_P(Editor, FreehandStrokeKeepsItsCorners)
 {
     ASSERT_TRUE(arm("customLine", {QStringLiteral("--width"), QStringLiteral("6")}));
