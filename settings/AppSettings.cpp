@@ -285,6 +285,26 @@ void AppSettings::setMosaicSecure(bool isSecure)
     saveToUserDefaultsForKeyBOOLValue(kMosaicSecure, isSecure);
 }
 
+bool AppSettings::isLastCaptureKept()
+{
+    return getFromUserDefaultsBOOL(kKeepLastCapture, true);
+}
+
+void AppSettings::setLastCaptureKept(bool isKept)
+{
+    saveToUserDefaultsForKeyBOOLValue(kKeepLastCapture, isKept);
+}
+
+QString AppSettings::uploadEndpoint()
+{
+    return storedText(kUploadEndpoint).value_or(QString());
+}
+
+void AppSettings::setUploadEndpoint(const QString& address)
+{
+    storeText(kUploadEndpoint, address);
+}
+
 bool AppSettings::isNeedAppStartWhenComputerPowerOn()
 {
     return AppVersionType() != kEditionWithoutAutoLaunch && getFromUserDefaultsBOOL(kAutoLaunch);

@@ -69,6 +69,12 @@ public:
     // Whether a mosaic tells nothing about what it hides.
     static bool isMosaicSecure();
     static void setMosaicSecure(bool isSecure);
+    // Whether the last capture can be opened again; yes until the user says no.
+    static bool isLastCaptureKept();
+    static void setLastCaptureKept(bool isKept);
+    // The address that pictures are uploaded to; empty when none is set.
+    static QString uploadEndpoint();
+    static void setUploadEndpoint(const QString& address);
     static bool isNeedAppStartWhenComputerPowerOn();
     static void setNeedAppStartWhenComputerPowerOn(bool isNeeded);
 
