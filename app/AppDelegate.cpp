@@ -1,12 +1,15 @@
 #include "app/AppDelegate.h"
 
 #include "app/AboutWindow.h"
+#include "app/DnHotkeyManager.h"
 #include "app/EventMonitor.h"
+#include "app/HotKeyNotice.h"
 #include "capture/ToolScreen.h"
 #include "commonutils/CommFeedback.h"
 #include "commonutils/CommLog.h"
 #include "commonutils/CommUtils.h"
 #include "commonutils/NotificationCenter.h"
+#include "output/ZRLocalNotificationCenter.h"
 #include "settings/AppSettings.h"
 #include "settings/LanguageCatalogue.h"
 #include "settings/SettingsKeys.h"
@@ -57,6 +60,7 @@ AppDelegate::AppDelegate(Platform& platform)
 
 AppDelegate::~AppDelegate()
 {
+    ZRLocalNotificationCenter::defaultLocalNotificationCenter().isBlended = nullptr;
     m_background.waitForDone();
     EventMonitor::install(nullptr);
     ZRBookmark::defaultShareBookmark().install(nullptr);
@@ -172,6 +176,13 @@ void AppDelegate::observeNotifications()
     center.addObserver(*this, kNeedUpdateHotKey, [this](const QVariantMap&) { needUpdateHotkeyBind(); });
     center.addObserver(
         *this, kNeedChangeLanguage, [this](const QVariantMap&) { needChangeClientLanguage(); });
+    center.addObserver(*this, QString::fromUtf16(DnHotkeyManager::kRefused), [](const QVariantMap& refused) {
+        tellOfRefusedHotKey(refused.value(QString::fromUtf16(DnHotkeyManager::kRefusedKey)).toString(),
+            refused.value(QString::fromUtf16(DnHotkeyManager::kReasonKey)).toString());
+    });
+    ZRLocalNotificationCenter::defaultLocalNotificationCenter().isBlended = [this] {
+        return m_platform.windowServer->blendsWindows();
+    };
     if (UserDefaults* store = UserDefaults::standardUserDefaults())
         store->onExternalChange = [this](const QStringList& keys) { settingsChangedByHand(keys); };
 }

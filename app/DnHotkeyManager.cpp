@@ -2,12 +2,21 @@
 
 #include "app/HotKeyTables.h"
 #include "commonutils/CommLog.h"
+#include "commonutils/NotificationCenter.h"
 
 namespace {
 
 QString refusalText(const __DnHotkey& hotKey)
 {
     return QStringLiteral("the hot key \"%1\" does not work: %2").arg(hotKey.hotkey(), hotKey.refusal());
+}
+
+void tellOfRefusal(const __DnHotkey& hotKey)
+{
+    CommLog::log(refusalText(hotKey));
+    NotificationCenter::defaultCenter().post(QString::fromUtf16(DnHotkeyManager::kRefused),
+        {{QString::fromUtf16(DnHotkeyManager::kRefusedKey), hotKey.hotkey()},
+            {QString::fromUtf16(DnHotkeyManager::kReasonKey), hotKey.refusal()}});
 }
 
 }
@@ -29,7 +38,7 @@ quint32 DnHotkeyManager::bind(const QString& hotKey, Action action)
 {
     const quint32 id = keep(hotKey, std::move(action), &m_hotKeys);
     if (!m_bound.at(id)->refusal().isEmpty())
-        CommLog::log(refusalText(*m_bound.at(id)));
+        tellOfRefusal(*m_bound.at(id));
     return id;
 }
 
@@ -75,6 +84,8 @@ void DnHotkeyManager::stateChanged(quint32 id, const QString& reason)
     if (it == m_bound.end() || it->second->refusal() == reason)
         return;
     it->second->setRefusal(reason);
-    CommLog::log(reason.isEmpty() ? QStringLiteral("the hot key \"%1\" works again").arg(it->second->hotkey())
-                                  : refusalText(*it->second));
+    if (reason.isEmpty())
+        CommLog::log(QStringLiteral("the hot key \"%1\" works again").arg(it->second->hotkey()));
+    else
+        tellOfRefusal(*it->second);
 }

@@ -27,6 +27,12 @@ public:
     // A line a hot key that does not work, with the reason.
     QStringList refusals() const;
 
+    // The notification of a hot key that the desktop refuses, or begins to refuse, with its string and
+    // the reason.
+    static constexpr char16_t kRefused[] = u"hotKeyRefused";
+    static constexpr char16_t kRefusedKey[] = u"hotKey";
+    static constexpr char16_t kReasonKey[] = u"reason";
+
 private:
     quint32 keep(const QString& hotKey, Action action, HotKeys* hotKeys);
     void stateChanged(quint32 id, const QString& reason);

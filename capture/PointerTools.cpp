@@ -3,6 +3,7 @@
 #include "capture/ToolScreen.h"
 #include "capture/ZRColorWindow.h"
 #include "commonutils/CommLog.h"
+#include "output/ZRLocalNotificationCenter.h"
 #include "settings/AppSettings.h"
 
 #include <QTimer>
@@ -145,12 +146,15 @@ void PointerTools::end(const ToolOutcome& outcome, bool isByKey)
     if (m_distanceWindow)
         m_uncovered.setRemainingTime(kUncoverMs);
     discard(std::move(m_distanceWindow));
+    ZRLocalNotificationCenter::defaultLocalNotificationCenter().comeBack();
     if (onEnded)
         onEnded(outcome);
 }
 
 void PointerTools::whenUncovered(const QObject& context, std::function<void()> act)
 {
+    if (ZRLocalNotificationCenter::defaultLocalNotificationCenter().leaveScreen())
+        m_uncovered.setRemainingTime(kUncoverMs);
     const qint64 left = m_uncovered.remainingTime();
     if (left <= 0)
         act();

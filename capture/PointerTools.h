@@ -38,8 +38,9 @@ public:
     // To be called when the displays have changed.
     void checkDisplay();
 
-    // Calls `act` once the windows that a tool covered have drawn themselves again: at once where none was
-    // just covered. Not at all when `context` is gone by then.
+    // Takes the notices off the screen until a capture or a tool ends, and calls `act` once the windows that
+    // notices or a tool covered have drawn themselves again: at once where none was just covered. Not at all
+    // when `context` is gone by then.
     void whenUncovered(const QObject& context, std::function<void()> act);
 
     // A display on which a tool is now shown.

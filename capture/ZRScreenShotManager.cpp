@@ -8,6 +8,7 @@
 #include "capture/ZRStaticScreenShotWindow.h"
 #include "commonutils/CommLog.h"
 #include "editor/ZRScreenShotSetting.h"
+#include "output/ZRLocalNotificationCenter.h"
 #include "settings/AppSettings.h"
 
 #include <QTimer>
@@ -624,6 +625,7 @@ void ZRScreenShotManager::stopScreenShot()
     scheduleClear();
     releaseInput();
     closeScreenShotWindow();
+    ZRLocalNotificationCenter::defaultLocalNotificationCenter().comeBack();
     m_frame.reset();
     AppSettings::setCurrentScreenInfo(std::nullopt);
     CommLog::log(QStringLiteral("stop screenShot"));
@@ -670,6 +672,12 @@ void ZRScreenShotManager::clear()
     mScreenShotController.clear();
     mDirection = 0;
     initContext();
+}
+
+void ZRScreenShotManager::revealFile(const QString& path)
+{
+    if (!m_platform.workspace->revealFile(path))
+        CommLog::log(QStringLiteral("the file cannot be shown, nor its folder: %1"), path);
 }
 
 void ZRScreenShotManager::reportOutcome(quint64 capture, const CaptureOutcome& outcome)

@@ -95,6 +95,8 @@ public:
     void _cancelScreenshot();
     void closeScreenShotWindow();
     void clear();
+    // Shows a saved picture in the user's file manager.
+    void revealFile(const QString& path);
     void reportOutcome(quint64 capture, const CaptureOutcome& outcome);
 
 private:

@@ -7,6 +7,8 @@
 #include "capture/ZRScreenShotManager.h"
 #include "capture/ZRScreenshotCursorView.h"
 #include "commonutils/CommLog.h"
+#include "output/ZRBasicLocalNotification.h"
+#include "output/ZRLocalNotificationCenter.h"
 #include "settings/AppSettings.h"
 
 #include <QClipboard>
@@ -14,8 +16,8 @@
 
 namespace {
 
-const QString kSaved = QStringLiteral("saved");
-const QString kCopied = QStringLiteral("copied");
+const QString kIcon = QStringLiteral("logo");
+const QString kNothingToSave = QStringLiteral("the region holds no part of the display");
 constexpr int kNominalResolution = 16; // the quality setting that asks for one pixel a point
 
 }
@@ -200,17 +202,16 @@ QImage ZRScreenShotViewController::createRegionImage(const Frame& frame) const
 void ZRScreenShotViewController::saveImageToFile(Picture picture)
 {
     const quint64 capture = mManager->captureNumber();
-    if (picture.image.isNull()) {
-        fail(capture, kSaved, QStringLiteral("the region holds no part of the display"));
-        return;
-    }
+    if (picture.image.isNull())
+        return fail(capture, u"Comm:FaildSaveFile", kNothingToSave);
     const QString path = AppSettings::screenshotSavePath();
     CommLog::log(QStringLiteral("screenshot save path--->%1").arg(path));
     m_jobs.save(std::move(picture), path, AppSettings::screenshotType(),
         [this, capture, path](const QString& failure) {
             if (!failure.isEmpty())
-                return fail(capture, kSaved, failure);
+                return fail(capture, u"Comm:FaildSaveFile", failure);
             CommLog::log(QStringLiteral("save image success"));
+            tellOfSaved(path);
             mManager->reportOutcome(capture, {CaptureOutcome::Kind::Saved, path, {}});
         });
 }
@@ -218,20 +219,47 @@ void ZRScreenShotViewController::saveImageToFile(Picture picture)
 void ZRScreenShotViewController::writeToPasteboard(Picture picture)
 {
     const quint64 capture = mManager->captureNumber();
-    if (picture.image.isNull()) {
-        fail(capture, kCopied, QStringLiteral("the region holds no part of the display"));
-        return;
-    }
+    if (picture.image.isNull())
+        return fail(capture, u"Comm:FaildSaveFile", kNothingToSave);
     m_jobs.copy(std::move(picture), [this, capture](const QString& failure) {
         if (!failure.isEmpty())
-            return fail(capture, kCopied, failure);
+            return fail(capture, u"Comm:FaildCopyToClipboard", failure);
         CommLog::log(QStringLiteral("write image data to pasteboard"));
+        tellOfCopied();
         mManager->reportOutcome(capture, {CaptureOutcome::Kind::Copied, {}, {}});
     });
 }
 
-void ZRScreenShotViewController::fail(quint64 capture, const QString& what, const QString& reason)
+// `titleKey` is the text that the user reads.
+void ZRScreenShotViewController::fail(quint64 capture, QStringView titleKey, const QString& reason)
 {
-    CommLog::log(QStringLiteral("the picture could not be %1: %2").arg(what, reason));
+    CommLog::log(QStringLiteral("the picture is lost: %1").arg(reason));
+    postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(titleKey), {}, kIcon);
     mManager->reportOutcome(capture, {CaptureOutcome::Kind::Failed, {}, reason});
+}
+
+void ZRScreenShotViewController::tellOfSaved(const QString& path)
+{
+    const QString message = AppSettings::getXMLValueForKeywords(u"Comm:ScreenshotSavedTips");
+    postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(u"Comm:SuccSavePicture"),
+        QString(message).replace(QLatin1String("[#FilePath#]"), path), kIcon,
+        [this, path] { mManager->revealFile(path); });
+}
+
+void ZRScreenShotViewController::tellOfCopied()
+{
+    const QString title = AppSettings::getXMLValueForKeywords(u"Comm:SuccSavePicture");
+    postLocalNotificationWithMessageTitle(title.isNull() ? QStringLiteral("Save to finish") : title,
+        AppSettings::getXMLValueForKeywords(u"Comm:ScreenshotCopiedTips"), kIcon);
+}
+
+void ZRScreenShotViewController::postLocalNotificationWithMessageTitle(
+    const QString& title, const QString& messageBoddy, const QString& icon, std::function<void()> reveal)
+{
+    auto notification = std::make_unique<ZRBasicLocalNotification>(title, messageBoddy, icon);
+    if (reveal)
+        notification->setClickAction(
+            std::move(reveal), AppSettings::getXMLValueForKeywords(u"Lumora:Notice:RevealFile"));
+    ZRLocalNotificationCenter::defaultLocalNotificationCenter().deliverZRNotification(
+        std::move(notification));
 }

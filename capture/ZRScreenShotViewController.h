@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
+
 class RegionSizeView;
 class ScreenShotBackView;
 class ZRMagnifierView;
@@ -63,7 +65,12 @@ private:
     QImage createRegionImage(const Frame& frame) const;
     void saveImageToFile(Picture picture);
     void writeToPasteboard(Picture picture);
-    void fail(quint64 capture, const QString& what, const QString& reason);
+    void fail(quint64 capture, QStringView titleKey, const QString& reason);
+    void tellOfSaved(const QString& path);
+    void tellOfCopied();
+    // Kept: the spelling. With `reveal` a click on the notice shows the file.
+    void postLocalNotificationWithMessageTitle(const QString& title, const QString& messageBoddy,
+        const QString& icon, std::function<void()> reveal = nullptr);
 
     ZRScreenShotManager* mManager = nullptr;
     QPointer<ScreenShotBackView> m_view;

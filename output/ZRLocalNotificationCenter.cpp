@@ -26,6 +26,7 @@ ZRLocalNotificationCenter& ZRLocalNotificationCenter::defaultLocalNotificationCe
 {
     if (!ownCenter()) {
         ownCenter() = std::make_unique<ZRLocalNotificationCenter>(std::make_unique<NoticeClock>());
+        ownCenter()->isSilent = qgetenv("LUMORA_NOTICES") == "off"; // for scripts
         qAddPostRoutine([] { ownCenter().reset(); }); // windows must not outlive the application object
     }
     return *ownCenter();
@@ -59,6 +60,8 @@ void ZRLocalNotificationCenter::deliverZRCustomNotification(
 
 void ZRLocalNotificationCenter::deliver(std::unique_ptr<ZRNotificationWindow> window)
 {
+    if (isSilent)
+        return;
     if (m_isAway)
         m_waiting.push_back(std::move(window));
     else

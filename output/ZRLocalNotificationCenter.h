@@ -34,6 +34,8 @@ public:
 
     // Whether translucent pixels show what lies below them; not without an answer.
     std::function<bool()> isBlended;
+    // Whether nothing is to show at all: notices are then dropped.
+    bool isSilent = false;
     // In the order of their delivery.
     const std::vector<std::unique_ptr<ZRNotificationWindow>>& windows() const { return m_windows; }
 

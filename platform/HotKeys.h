@@ -4,6 +4,12 @@
 
 #include <functional>
 
+// The refusals that a user can do something about, as the end of a sentence; there are others.
+namespace HotKeyRefusal {
+inline const QString kTaken = QStringLiteral("is taken by another program");
+inline const QString kNoKey = QStringLiteral("is on no key of this keyboard");
+}
+
 // System-wide hot keys. A key is a position on the keyboard, named by its macOS virtual key code; modifiers
 // are a sum of the Carbon masks (256 command, 512 shift, 2048 option, 4096 control). Main thread only.
 class HotKeys {

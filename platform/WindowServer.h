@@ -31,4 +31,6 @@ public:
     // that display alone, to the pixel. False when it cannot put it there: the window must then paint the
     // picture itself.
     virtual bool present(const Frame& frame, const QWindow& window, const Dimming& dimming) = 0;
+    // Whether translucent pixels of a window show what lies below it now.
+    virtual bool blendsWindows() const = 0;
 };

@@ -21,6 +21,7 @@ public:
     virtual void activate(const ActiveApplication& application) = 0;
     // Opens a link in the user's browser; false when nobody takes it.
     virtual bool openLink(const QUrl& link) = 0;
-    // Shows a file in the user's file manager; false when it cannot.
+    // Shows a file in the user's file manager, or its folder when the file has gone; false when that has gone
+    // too.
     virtual bool revealFile(const QString& path) = 0;
 };

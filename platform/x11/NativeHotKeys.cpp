@@ -154,11 +154,11 @@ void NativeHotKeys::bind(Binding& binding)
 {
     const std::optional<Combination> wanted = combinationOf(binding);
     if (!wanted)
-        binding.refusal = QStringLiteral("is on no key of this keyboard");
+        binding.refusal = HotKeyRefusal::kNoKey;
     else if (isTaken(*wanted))
         binding.refusal = QStringLiteral("is used twice");
     else if (!grab(*wanted))
-        binding.refusal = QStringLiteral("is taken by another program");
+        binding.refusal = HotKeyRefusal::kTaken;
     else
         binding = {binding.keyCode, binding.modifiers, wanted, {}};
 }

@@ -82,6 +82,15 @@ void NativeWindowServer::cutToDisplay(const QWindow& window, const DisplayRecord
         XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size.data());
 }
 
+// A compositing manager owns this selection.
+bool NativeWindowServer::blendsWindows() const
+{
+    const auto cookie = xcb_get_selection_owner(m_x->get(), m_x->atom("_NET_WM_CM_S0"));
+    const XReply<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(m_x->get(), cookie, nullptr));
+    return reply && reply->owner != XCB_NONE;
+}
+
 QImage NativeWindowServer::takeSpare(QSize size)
 {
     QImage spare = std::exchange(m_spare, QImage());

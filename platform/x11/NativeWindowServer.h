@@ -16,6 +16,7 @@ public:
     void prepare(const DisplayRecord& display) override;
     std::shared_ptr<const Frame> freeze(const DisplayRecord& display, QString* reason) override;
     bool present(const Frame& frame, const QWindow& window, const Dimming& dimming) override;
+    bool blendsWindows() const override;
 
 private:
     void cutToDisplay(const QWindow& window, const DisplayRecord& display) const;

@@ -1,15 +1,32 @@
 #include "platform/x11/NativeWorkspace.h"
 
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QFileInfo>
 #include <QProcess>
 
 namespace {
 
-constexpr uint32_t kFromPager = 2; // the user's own wish; a window manager does not argue with it
+const QString kBusName = QStringLiteral("lumora-file-manager");
+constexpr int kFileManagerMs = 5000; // it may have to be started first
+constexpr uint32_t kFromPager = 2;   // the user's own wish; a window manager does not argue with it
 
 bool openWithDesktop(const QUrl& url)
 {
     return QProcess::startDetached(QStringLiteral("xdg-open"), {url.toString(QUrl::FullyEncoded)});
+}
+
+// Waits for the file manager's answer; false where none took the file.
+bool showInFileManager(const QUrl& file)
+{
+    QDBusMessage request = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.FileManager1"),
+        QStringLiteral("/org/freedesktop/FileManager1"), QStringLiteral("org.freedesktop.FileManager1"),
+        QStringLiteral("ShowItems"));
+    request << QStringList(file.toString(QUrl::FullyEncoded)) << QString();
+    const QDBusMessage answer = QDBusConnection::connectToBus(QDBusConnection::SessionBus, kBusName)
+                                    .call(request, QDBus::Block, kFileManagerMs);
+    QDBusConnection::disconnectFromBus(kBusName);
+    return answer.type() == QDBusMessage::ReplyMessage;
 }
 
 xcb_get_property_cookie_t askForWindow(const XConnection& x, xcb_window_t window, xcb_atom_t name)
@@ -32,6 +49,13 @@ NativeWorkspace::NativeWorkspace(std::shared_ptr<XConnection> connection)
     , m_activeWindow(m_x->atom("_NET_ACTIVE_WINDOW"))
     , m_wmCheck(m_x->atom("_NET_SUPPORTING_WM_CHECK"))
 {
+    m_revealing.setMaxThreadCount(1);
+    m_revealing.setExpiryTimeout(0); // no thread lingers, so none wakes up later
+}
+
+NativeWorkspace::~NativeWorkspace()
+{
+    m_revealing.waitForDone();
 }
 
 ActiveApplication NativeWorkspace::activeApplication() const
@@ -65,7 +89,16 @@ bool NativeWorkspace::openLink(const QUrl& link)
 bool NativeWorkspace::revealFile(const QString& path)
 {
     const QFileInfo file(path);
-    return file.exists() && openWithDesktop(QUrl::fromLocalFile(file.absolutePath()));
+    const QUrl folder = QUrl::fromLocalFile(file.absolutePath());
+    if (!QFileInfo::exists(file.absolutePath()))
+        return false;
+    if (!file.exists())
+        return openWithDesktop(folder);
+    m_revealing.start([url = QUrl::fromLocalFile(file.absoluteFilePath()), folder] {
+        if (!showInFileManager(url))
+            openWithDesktop(folder);
+    });
+    return true;
 }
 
 // The window that a manager names must name itself: a manager that crashed leaves the root's property behind.

@@ -3,9 +3,12 @@
 #include "platform/Workspace.h"
 #include "platform/x11/XConnection.h"
 
+#include <QThreadPool>
+
 class NativeWorkspace final : public Workspace {
 public:
     explicit NativeWorkspace(std::shared_ptr<XConnection> connection);
+    ~NativeWorkspace() override;
 
     ActiveApplication activeApplication() const override;
     void activate(const ActiveApplication& application) override;
@@ -20,4 +23,5 @@ private:
     std::shared_ptr<XConnection> m_x;
     const xcb_atom_t m_activeWindow;
     const xcb_atom_t m_wmCheck;
+    QThreadPool m_revealing; // waits for the file manager
 };

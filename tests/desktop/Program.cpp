@@ -45,6 +45,8 @@ Program::Program(Desktop& desktop, QString path)
     , m_path(std::move(path))
     , m_environment(desktop.environment())
 {
+    m_environment.insert(
+        QStringLiteral("LUMORA_NOTICES"), QStringLiteral("off")); // on no picture of the screen
 }
 
 Program::~Program()

@@ -21,6 +21,8 @@ public:
         return canPresent;
     }
 
+    bool blendsWindows() const override { return false; }
+
     // Red and green count the pixel's column and row, blue the display.
     static QRgb pixel(int id, int x, int y) { return qRgb(x & 0xff, y & 0xff, id & 0xff); }
     static QImage picture(const DisplayRecord& display)

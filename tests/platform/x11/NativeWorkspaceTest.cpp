@@ -102,7 +102,12 @@ TEST(NativeWorkspace, OpensLinksAndFoldersWithTheDesktop)
     NativeWorkspace workspace(XConnection::ofApplication());
     QTemporaryDir folder;
     const QString file = folder.filePath(QStringLiteral("a picture.png"));
-    EXPECT_FALSE(workspace.revealFile(file));
+    EXPECT_FALSE(workspace.revealFile(folder.filePath(QStringLiteral("no folder/a picture.png"))));
+    {
+        FakeTool opener("xdg-open");
+        EXPECT_TRUE(workspace.revealFile(file)) << "the folder of a file that has gone";
+        EXPECT_EQ(opener.arguments(), QUrl::fromLocalFile(folder.path()).toString() + QLatin1Char('\n'));
+    }
     QFile(file).open(QIODevice::WriteOnly);
     {
         FakeTool opener("xdg-open");

@@ -1,0 +1,29 @@
+#include "app/HotKeyNotice.h"
+
+#include "app/StatusbarRules.h"
+#include "output/ZRBasicLocalNotification.h"
+#include "output/ZRLocalNotificationCenter.h"
+#include "platform/HotKeys.h"
+#include "settings/AppSettings.h"
+
+namespace {
+
+QString textOf(const QString& reason)
+{
+    if (reason == HotKeyRefusal::kTaken)
+        return AppSettings::getXMLValueForKeywords(u"Lumora:HotKey:TakenByOther");
+    if (reason == HotKeyRefusal::kNoKey)
+        return AppSettings::getXMLValueForKeywords(u"Lumora:HotKey:NoKey");
+    return {};
+}
+
+}
+
+void tellOfRefusedHotKey(const QString& hotKey, const QString& reason)
+{
+    const QString name = StatusbarRules::keyEquivalent(hotKey).toString(QKeySequence::NativeText);
+    QString title = AppSettings::getXMLValueForKeywords(u"Lumora:HotKey:Refused");
+    title.replace(QLatin1String("[#Hotkey#]"), name.isEmpty() ? hotKey : name);
+    ZRLocalNotificationCenter::defaultLocalNotificationCenter().deliverZRNotification(
+        std::make_unique<ZRBasicLocalNotification>(title, textOf(reason), QStringLiteral("logo")));
+}
