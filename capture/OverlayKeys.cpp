@@ -14,10 +14,11 @@ struct Equivalent {
     With with;
     OverlayAction action;
 };
-constexpr std::array<Equivalent, 9> kEquivalents{{
+constexpr std::array<Equivalent, 10> kEquivalents{{
     {Qt::Key_Escape, 53, With::Anything, OverlayAction::Cancel},
     {Qt::Key_S, 1, With::Command, OverlayAction::Save},
     {Qt::Key_C, 8, With::Command, OverlayAction::Copy},
+    {Qt::Key_P, 35, With::Command, OverlayAction::Pin},
     {Qt::Key_C, 8, With::Nothing, OverlayAction::CopyColour},
     {Qt::Key_Z, 6, With::Command, OverlayAction::Undo},
     {Qt::Key_Z, 6, With::CommandAndShift, OverlayAction::Redo},

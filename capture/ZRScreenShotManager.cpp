@@ -419,6 +419,9 @@ void ZRScreenShotManager::keyDown(const QKeyEvent& event)
     case OverlayAction::Copy:
         mScreenShotController.saveToPasteboardFromhotKey();
         break;
+    case OverlayAction::Pin:
+        mScreenShotController.screenshotShowImageWindow();
+        break;
     case OverlayAction::CopyColour:
         mScreenShotController.copyMagnifiedColour();
         break;

@@ -3,16 +3,20 @@
 #include "capture/PictureRules.h"
 #include "capture/RegionSizeView.h"
 #include "capture/ScreenShotBackView.h"
+#include "capture/ToolScreen.h"
 #include "capture/ZRMagnifierView.h"
 #include "capture/ZRScreenShotManager.h"
 #include "capture/ZRScreenshotCursorView.h"
 #include "commonutils/CommLog.h"
 #include "output/ZRBasicLocalNotification.h"
+#include "output/ZRImageShowWindow.h"
 #include "output/ZRLocalNotificationCenter.h"
 #include "settings/AppSettings.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,6 +25,9 @@ const QString kNothingToSave = QStringLiteral("the region holds no part of the d
 constexpr int kNominalResolution = 16; // the quality setting that asks for one pixel a point
 
 }
+
+ZRScreenShotViewController::ZRScreenShotViewController() = default;
+ZRScreenShotViewController::~ZRScreenShotViewController() = default;
 
 void ZRScreenShotViewController::setView(ScreenShotBackView* view)
 {
@@ -140,7 +147,7 @@ void ZRScreenShotViewController::_saveRegionShotToLocal()
 {
     if (!mIsRegionLocked)
         return;
-    saveImageToFile(takePicture());
+    saveImageToFile(takePicture(), reportOfCapture());
     _stopScreenShot();
 }
 
@@ -148,7 +155,7 @@ void ZRScreenShotViewController::_saveToPasteboard()
 {
     if (!mIsRegionLocked)
         return;
-    writeToPasteboard(takePicture());
+    writeToPasteboard(takePicture(), reportOfCapture());
     _stopScreenShot();
 }
 
@@ -164,7 +171,7 @@ void ZRScreenShotViewController::saveFullScreenToLocal()
 {
     Picture picture = createImage(true);
     mManager->beginEnding();
-    saveImageToFile(std::move(picture));
+    saveImageToFile(std::move(picture), reportOfCapture());
 }
 
 void ZRScreenShotViewController::cancelRegionScreenShot()
@@ -199,43 +206,90 @@ QImage ZRScreenShotViewController::createRegionImage(const Frame& frame) const
     return annotated.isNull() ? frame.crop(pixels) : annotated;
 }
 
-void ZRScreenShotViewController::saveImageToFile(Picture picture)
+ZRScreenShotViewController::Report ZRScreenShotViewController::reportOfCapture() const
 {
-    const quint64 capture = mManager->captureNumber();
+    return [manager = mManager, capture = mManager->captureNumber()](
+               const CaptureOutcome& outcome) { manager->reportOutcome(capture, outcome); };
+}
+
+void ZRScreenShotViewController::saveImageToFile(Picture picture, const Report& report)
+{
     if (picture.image.isNull())
-        return fail(capture, u"Comm:FaildSaveFile", kNothingToSave);
+        return fail(report, u"Comm:FaildSaveFile", kNothingToSave);
     const QString path = AppSettings::screenshotSavePath();
     CommLog::log(QStringLiteral("screenshot save path--->%1").arg(path));
     m_jobs.save(std::move(picture), path, AppSettings::screenshotType(),
-        [this, capture, path](const QString& failure) {
+        [this, report, path](const QString& failure) {
             if (!failure.isEmpty())
-                return fail(capture, u"Comm:FaildSaveFile", failure);
+                return fail(report, u"Comm:FaildSaveFile", failure);
             CommLog::log(QStringLiteral("save image success"));
             tellOfSaved(path);
-            mManager->reportOutcome(capture, {CaptureOutcome::Kind::Saved, path, {}});
+            report({CaptureOutcome::Kind::Saved, path, {}});
         });
 }
 
-void ZRScreenShotViewController::writeToPasteboard(Picture picture)
+void ZRScreenShotViewController::writeToPasteboard(Picture picture, const Report& report)
 {
-    const quint64 capture = mManager->captureNumber();
     if (picture.image.isNull())
-        return fail(capture, u"Comm:FaildSaveFile", kNothingToSave);
-    m_jobs.copy(std::move(picture), [this, capture](const QString& failure) {
+        return fail(report, u"Comm:FaildSaveFile", kNothingToSave);
+    m_jobs.copy(std::move(picture), [this, report](const QString& failure) {
         if (!failure.isEmpty())
-            return fail(capture, u"Comm:FaildCopyToClipboard", failure);
+            return fail(report, u"Comm:FaildCopyToClipboard", failure);
         CommLog::log(QStringLiteral("write image data to pasteboard"));
         tellOfCopied();
-        mManager->reportOutcome(capture, {CaptureOutcome::Kind::Copied, {}, {}});
+        report({CaptureOutcome::Kind::Copied, {}, {}});
     });
 }
 
+void ZRScreenShotViewController::screenshotShowImageWindow()
+{
+    if (!mIsRegionLocked)
+        return;
+    const Report report = reportOfCapture();
+    const DisplayRecord display = mManager->frame()->display();
+    const PinRules::Place place = PinRules::placeOf(display, regionRect());
+    const Picture picture = takePicture();
+    if (picture.image.isNull()) {
+        fail(report, u"Comm:FaildSaveFile", kNothingToSave);
+    } else {
+        showImageWindow(picture.image.copy(), place, display);
+        report({CaptureOutcome::Kind::Pinned, {}, {}});
+    }
+    _stopScreenShot();
+}
+
+void ZRScreenShotViewController::showImageWindow(
+    const QImage& image, const PinRules::Place& place, const DisplayRecord& display)
+{
+    const QScreen* screen = ToolScreen::qtScreen(display);
+    const auto ignored = [](const CaptureOutcome&) {};
+    auto window = ZRImageShowWindow::loadForNib();
+    window->backgroundWithImage(image);
+    window->setPlace(place, screen ? screen->geometry().topLeft() : QPoint());
+    window->onCopy = [this, ignored](const QImage& pinned) { writeToPasteboard({pinned, {}}, ignored); };
+    window->onSave = [this, ignored](const QImage& pinned) { saveImageToFile({pinned, {}}, ignored); };
+    window->onClose = [this, pinned = window.get()] { forget(pinned); };
+    window->orderFront();
+    imageWindowLists.push_back(std::move(window));
+}
+
+// Called by the window itself: it goes when that is over.
+void ZRScreenShotViewController::forget(const ZRImageShowWindow* imageWindow)
+{
+    const auto found = std::find_if(imageWindowLists.begin(), imageWindowLists.end(),
+        [imageWindow](const auto& window) { return window.get() == imageWindow; });
+    if (found == imageWindowLists.end())
+        return;
+    found->release()->deleteLater();
+    imageWindowLists.erase(found);
+}
+
 // `titleKey` is the text that the user reads.
-void ZRScreenShotViewController::fail(quint64 capture, QStringView titleKey, const QString& reason)
+void ZRScreenShotViewController::fail(const Report& report, QStringView titleKey, const QString& reason)
 {
     CommLog::log(QStringLiteral("the picture is lost: %1").arg(reason));
     postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(titleKey), {}, kIcon);
-    mManager->reportOutcome(capture, {CaptureOutcome::Kind::Failed, {}, reason});
+    report({CaptureOutcome::Kind::Failed, {}, reason});
 }
 
 void ZRScreenShotViewController::tellOfSaved(const QString& path)

@@ -4,14 +4,18 @@
 #include "capture/PictureJobs.h"
 #include "capture/PixelSample.h"
 #include "geometry/ZRRect.h"
+#include "output/PinRules.h"
 
 #include <QObject>
 #include <QPointer>
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 class RegionSizeView;
 class ScreenShotBackView;
+class ZRImageShowWindow;
 class ZRMagnifierView;
 class ZRScreenShotManager;
 class ZRScreenshotCursorView;
@@ -20,6 +24,9 @@ class ZRScreenshotCursorView;
 // region to a file. One for the program's life; the view is the running capture's. Overlay points.
 class ZRScreenShotViewController : public QObject {
 public:
+    ZRScreenShotViewController();
+    ~ZRScreenShotViewController() override;
+
     void setScreenshotManager(ZRScreenShotManager* manager) { mManager = manager; } // not owned
     // The running capture's view, owned by its overlay, with the size label, magnifier and crosshair in it.
     void setView(ScreenShotBackView* view);
@@ -53,6 +60,8 @@ public:
     void saveToPasteboardFromhotKey();
     // Saves the whole display; needs no overlay.
     void saveFullScreenToLocal();
+    // Pins the picture to the screen, where the region is.
+    void screenshotShowImageWindow();
     void cancelRegionScreenShot();
 
 private:
@@ -63,9 +72,14 @@ private:
     void _stopScreenShot();
     Picture createImage(bool isFullScreen) const;
     QImage createRegionImage(const Frame& frame) const;
-    void saveImageToFile(Picture picture);
-    void writeToPasteboard(Picture picture);
-    void fail(quint64 capture, QStringView titleKey, const QString& reason);
+    using Report = std::function<void(const CaptureOutcome&)>;
+    // Answers the running capture, also after its end.
+    Report reportOfCapture() const;
+    void saveImageToFile(Picture picture, const Report& report);
+    void writeToPasteboard(Picture picture, const Report& report);
+    void showImageWindow(const QImage& image, const PinRules::Place& place, const DisplayRecord& display);
+    void forget(const ZRImageShowWindow* imageWindow);
+    void fail(const Report& report, QStringView titleKey, const QString& reason);
     void tellOfSaved(const QString& path);
     void tellOfCopied();
     // Kept: the spelling. With `reveal` a click on the notice shows the file.
@@ -79,6 +93,7 @@ private:
     QPointer<ZRScreenshotCursorView> mCrossView;
     PixelSample m_sample; // what the magnifier shows
     PictureJobs m_jobs;
+    std::vector<std::unique_ptr<ZRImageShowWindow>> imageWindowLists; // pinned and not closed yet
     bool mIsRegionLocked = false;
     bool mIsResizing = false;
     bool _isDragView = false;

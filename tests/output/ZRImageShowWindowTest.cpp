@@ -1,0 +1,127 @@
+#include "output/ZRImageShowWindow.h"
+
+#include "customui/ZRHoverButton.h"
+
+#include <QTest>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QImage numbered(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            image.setPixel(x, y, qRgb(x, y, 7));
+    return image;
+}
+
+// A pin of 80x40 points that shows a picture of 81x41 pixels without its first column and last row.
+struct Pin {
+    Pin()
+    {
+        window->backgroundWithImage(numbered(81, 41));
+        window->setPlace({{10, 20, 80, 40}, {1, 0, 80, 40}}, {100, 0});
+        window->onClose = [this] { ++closed; };
+        window->orderFront();
+    }
+    void turnWheel(int angle, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        const QPointF middle(40, 20);
+        QWheelEvent event(middle, window->mapToGlobal(middle), {}, {0, angle}, Qt::NoButton, modifiers,
+            Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(window.get(), &event);
+    }
+
+    std::unique_ptr<ZRImageShowWindow> window = ZRImageShowWindow::loadForNib();
+    int closed = 0;
+};
+
+}
+
+TEST(ZRImageShowWindow, ShowsItsPartOfThePicturePixelForPixel)
+{
+    const Pin pin;
+    EXPECT_EQ(pin.window->geometry(), QRect(110, 20, 80, 40));
+    const QImage shown = pin.window->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(shown, numbered(81, 41).copy(1, 0, 80, 40));
+}
+
+TEST(ZRImageShowWindow, ShowsItsButtonUnderThePointerOnly)
+{
+    const Pin pin;
+    const auto* button = pin.window->findChild<ZRHoverButton*>();
+    EXPECT_FALSE(button->isVisible());
+    QEnterEvent enter({5, 5}, {5, 5}, {115, 25});
+    QCoreApplication::sendEvent(pin.window.get(), &enter);
+    EXPECT_TRUE(button->isVisible());
+    EXPECT_TRUE(pin.window->rect().contains(button->geometry()));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(pin.window.get(), &leave);
+    EXPECT_FALSE(button->isVisible());
+}
+
+TEST(ZRImageShowWindow, IsDraggedByItsBody)
+{
+    const Pin pin;
+    QTest::mousePress(pin.window.get(), Qt::LeftButton, {}, {30, 30});
+    QTest::mouseMove(pin.window.get(), {50, 45});
+    EXPECT_EQ(pin.window->pos(), QPoint(130, 35));
+    QTest::mouseRelease(pin.window.get(), Qt::LeftButton, {}, {30, 30});
+    QTest::mouseMove(pin.window.get(), {70, 45});
+    EXPECT_EQ(pin.window->pos(), QPoint(130, 35)) << "only while the button is down";
+}
+
+TEST(ZRImageShowWindow, TurnsTheWheelIntoZoomAndOpacity)
+{
+    const Pin pin;
+    const QRect before = pin.window->geometry();
+    pin.turnWheel(60);
+    EXPECT_EQ(pin.window->geometry(), before) << "half a step";
+    pin.turnWheel(60);
+    EXPECT_EQ(pin.window->size(), QSize(88, 44));
+    pin.turnWheel(-120);
+    EXPECT_EQ(pin.window->size(), before.size());
+    pin.turnWheel(-240, Qt::ControlModifier);
+    EXPECT_EQ(pin.window->size(), before.size());
+}
+
+TEST(ZRImageShowWindow, HandsOnTheWholePictureByKey)
+{
+    const Pin pin;
+    QList<QImage> copied, saved;
+    pin.window->onCopy = [&](const QImage& image) { copied << image; };
+    pin.window->onSave = [&](const QImage& image) { saved << image; };
+    QTest::keyClick(pin.window.get(), Qt::Key_C);
+    QTest::keyClick(pin.window.get(), Qt::Key_C, Qt::ControlModifier);
+    QTest::keyClick(pin.window.get(), Qt::Key_S, Qt::MetaModifier);
+    EXPECT_EQ(copied, QList{numbered(81, 41)});
+    EXPECT_EQ(saved, QList{numbered(81, 41)});
+    EXPECT_EQ(pin.closed, 0);
+}
+
+TEST(ZRImageShowWindow, ClosesInThreeWays)
+{
+    const std::function<void(QWidget&)> ways[] = {
+        [](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); },
+        [](QWidget& window) { QTest::mouseClick(&window, Qt::MiddleButton); },
+        [](QWidget& window) { window.findChild<ZRHoverButton*>()->sendAction(); },
+    };
+    for (const auto& close : ways) {
+        const Pin pin;
+        close(*pin.window);
+        EXPECT_EQ(pin.closed, 1);
+        EXPECT_FALSE(pin.window->isVisible());
+    }
+}
+
+TEST(ZRImageShowWindow, StaysBlankWithoutAPicture)
+{
+    auto window = ZRImageShowWindow::loadForNib();
+    window->backgroundWithImage({});
+    window->setPlace({{0, 0, 10, 10}, {}}, {});
+    window->orderFront();
+    EXPECT_EQ(window->grab().size(), QSize(10, 10));
+}
