@@ -213,9 +213,9 @@ void ZREditorView::mouseMoved(const ZRMouseEvent& event)
 
 void ZREditorView::paintEvent(QPaintEvent* event)
 {
-    if (!m_display)
-        return;
     paintMovedEntity();
+    if (!m_display || shownPixels().isEmpty())
+        return;
     QPainter painter(this);
     DevicePixels::begin(painter, *this);
     _drawGraffit(painter, event->region());

@@ -135,6 +135,18 @@ TEST_F(ZREditorViewTest, ShowsWhatGoesOutAndHandlesOnTop)
     }
 }
 
+TEST_F(ZREditorViewTest, DragIsShownAsItGoes)
+{
+    m_manager.updateGraffitID(QStringLiteral("eillpse"));
+    view().mouseDown(at({60, 60}));
+    view().mouseDragged(at({100, 90}));
+    view().mouseDragged(at({160, 140}));
+    const QImage dragged = shown();
+    EXPECT_NE(dragged, m_frame->image());
+    view().mouseUp(at({160, 140}));
+    EXPECT_EQ(shown(), dragged);
+}
+
 TEST_F(ZREditorViewTest, DrawsNothingBesideTheRegion)
 {
     draw("customLine", {-60, -60}, {400, 300});
