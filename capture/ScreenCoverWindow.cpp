@@ -6,6 +6,7 @@
 #include "customui/PaintGate.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QScreen>
 #include <QWindow>
 
@@ -73,10 +74,20 @@ bool ScreenCoverWindow::isOver(ZRPoint location) const
     return QRect({0, 0}, mScreen.pixels.size()).contains(pixel);
 }
 
-// Comes for places beside the window only; on it the event layer is above.
-void ScreenCoverWindow::mouseMoveEvent(QMouseEvent* event)
+// Qt looks for the child under the pointer at a whole point: in the last half point of the right and bottom
+// edges, as beside the window, it finds none. The event layer takes those places, too.
+bool ScreenCoverWindow::event(QEvent* event)
 {
-    mouseMoved(translated(*event));
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+    case QEvent::Wheel:
+        return QCoreApplication::sendEvent(mFullEventView, event);
+    default:
+        return View::event(event);
+    }
 }
 
 void ScreenCoverWindow::keyPressEvent(QKeyEvent* event)

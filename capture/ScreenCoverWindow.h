@@ -51,7 +51,7 @@ protected:
     void presentFrame(WindowServer& server, const Dimming& dimming, const QRegion& chrome);
 
 private:
-    void mouseMoveEvent(QMouseEvent* event) override;
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 

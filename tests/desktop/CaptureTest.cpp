@@ -129,6 +129,7 @@ TEST_P(Capture, QualityDecidesBetweenDevicePixelsAndPoints)
     };
     const Case cases[] = {
         {"2", 8, {101, 77}, {640, 411}, 1},
+        {"2", 8, {1279, 799}, {640, 411}, 1}, // from the last half points of the display
         {"2", 16, {100, 78}, {640, 412}, 2},
         {"1", 16, {101, 77}, {640, 411}, 1},
         {"1.25", 8, {101, 77}, {640, 411}, 1},
