@@ -1,0 +1,246 @@
+#include "service/Kestrel.h"
+
+#include "service/PasswordGuard.h"
+#include "tests/commonutils/FileSizeLimit.h"
+#include "tests/service/Samples.h"
+
+#include <gtest/gtest.h>
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <httplib.h>
+
+#include <filesystem>
+#include <future>
+#include <thread>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A service on loopback, and a client for it.
+class KestrelTest : public testing::Test {
+protected:
+    KestrelTest()
+    {
+        EXPECT_EQ(m_kestrel.open(), "");
+        m_client = std::make_unique<httplib::Client>(base());
+        m_run = std::async(std::launch::async, [this] { m_kestrel.run(); });
+        m_client->set_read_timeout(10);
+        while (!m_kestrel.isRunning())
+            std::this_thread::yield();
+    }
+    ~KestrelTest() override
+    {
+        m_kestrel.stop();
+        m_run.wait();
+    }
+
+    ServiceOptions options() const
+    {
+        ServiceOptions options;
+        options.port = 0;
+        options.dataFolder = m_folder.filePath(QStringLiteral("data")).toStdString();
+        options.maxBytes = 20000;
+        options.maxPixels = 100000;
+        return options;
+    }
+    std::string base() const
+    {
+        const std::string url = m_kestrel.uploadUrl();
+        return url.substr(0, url.rfind('/'));
+    }
+    httplib::Result upload(
+        const std::string& file, const std::string& title = {}, const std::string& password = {})
+    {
+        return m_client->Post(
+            "/upload", httplib::MultipartFormDataItems{{"title", title, "", ""},
+                           {"password", password, "", ""}, {"file", file, "../x.jpg", "text/html"}});
+    }
+    // The path of a new picture's page, and of its delete page.
+    std::string uploaded(
+        const std::string& title, const std::string& password, std::string* deletePath = nullptr)
+    {
+        const auto answer = upload(Samples::picture(), title, password);
+        EXPECT_TRUE(answer && answer->status == 201);
+        const QJsonObject json = answered(answer);
+        if (deletePath)
+            *deletePath = path(json[QLatin1String("delete")].toString());
+        return path(json[QLatin1String("link")].toString());
+    }
+    static QJsonObject answered(const httplib::Result& answer)
+    {
+        return QJsonDocument::fromJson(QByteArray::fromStdString(answer->body)).object();
+    }
+    static std::string path(const QString& link) { return QUrl(link).path().toStdString(); }
+    size_t countIn(const char* part) const
+    {
+        const fs::path folder = fs::path(m_folder.path().toStdString()) / "data" / part;
+        return size_t(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+    }
+
+    QTemporaryDir m_folder;
+    Kestrel m_kestrel{options()};
+    std::future<void> m_run;
+    std::unique_ptr<httplib::Client> m_client;
+};
+
+}
+
+TEST_F(KestrelTest, ShowsAPublicPictureToEverybody)
+{
+    const std::string path = uploaded("My <script>alert('x')</script> title", "");
+    const auto page = m_client->Get(path);
+    ASSERT_EQ(page->status, 200);
+    EXPECT_NE(page->body.find("My &lt;script&gt;alert(&#39;x&#39;)&lt;/script&gt; title"), std::string::npos);
+    EXPECT_EQ(page->body.find("<script"), std::string::npos);
+    EXPECT_NE(
+        page->get_header_value("Content-Security-Policy").find("default-src 'none'"), std::string::npos);
+    const auto raw = m_client->Get(path + "/raw");
+    EXPECT_EQ(raw->body, Samples::picture());
+    EXPECT_EQ(raw->get_header_value("Content-Type"), "image/jpeg");
+    EXPECT_EQ(raw->get_header_value("X-Content-Type-Options"), "nosniff");
+}
+
+TEST_F(KestrelTest, AnswersWithTheLinkOfEveryShareTarget)
+{
+    const QJsonObject answer = answered(upload(Samples::picture(), "Tea & cake"));
+    const QString link =
+        QString::fromLatin1(QUrl::toPercentEncoding(answer[QLatin1String("link")].toString()));
+    const QJsonObject share = answer[QLatin1String("share")].toObject();
+    for (const char* name : {"facebook", "google", "twitter", "pinterest"}) {
+        SCOPED_TRACE(name);
+        const QString address = share[QLatin1String(name)].toString();
+        EXPECT_TRUE(QUrl(address, QUrl::StrictMode).isValid());
+        EXPECT_TRUE(address.startsWith(QLatin1String("https://")));
+        EXPECT_TRUE(address.contains(link));
+        EXPECT_EQ(address.contains(QLatin1String("Tea%20%26%20cake")), name != std::string("facebook"));
+    }
+}
+
+TEST_F(KestrelTest, KeepsAPrivatePictureBehindItsPassword)
+{
+    const std::string path = uploaded("Secret plan", "sesame");
+    const auto locked = m_client->Get(path);
+    EXPECT_NE(locked->body.find("<label for=\"password\">"), std::string::npos);
+    EXPECT_EQ(locked->body.find("Secret plan"), std::string::npos);
+    EXPECT_EQ(m_client->Get(path + "/raw")->status, 403);
+    const auto wrong = m_client->Post(path, httplib::Params{{"password", "simsim"}});
+    EXPECT_EQ(wrong->status, 403);
+    EXPECT_FALSE(wrong->has_header("Set-Cookie"));
+
+    const auto right = m_client->Post(path, httplib::Params{{"password", "sesame"}});
+    ASSERT_EQ(right->status, 303);
+    EXPECT_EQ(right->get_header_value("Location"), path);
+    const std::string cookie = right->get_header_value("Set-Cookie");
+    EXPECT_NE(cookie.find("HttpOnly"), std::string::npos);
+    const httplib::Headers known{{"Cookie", "other=1; " + cookie.substr(0, cookie.find(';'))}};
+    EXPECT_NE(m_client->Get(path, known)->body.find("Secret plan"), std::string::npos);
+    EXPECT_EQ(m_client->Get(path + "/raw", known)->body, Samples::picture());
+    EXPECT_EQ(m_client->Get(uploaded("", "sesame") + "/raw", known)->status, 403) << "opens another picture";
+}
+
+TEST_F(KestrelTest, TakesNoPasswordAfterTooManyWrongOnes)
+{
+    const std::string path = uploaded("", "sesame");
+    for (int i = 0; i < PasswordGuard::kTries; ++i)
+        EXPECT_EQ(m_client->Post(path, httplib::Params{{"password", "guess"}})->status, 403);
+    EXPECT_EQ(m_client->Post(path, httplib::Params{{"password", "sesame"}})->status, 429);
+}
+
+TEST_F(KestrelTest, DeletesForTheSenderOnly)
+{
+    std::string deletePath;
+    const std::string path = uploaded("", "", &deletePath);
+    const std::string forged = path + "/delete/aaaaaaaaaaaaaaaaaaaaaa";
+    EXPECT_EQ(m_client->Post(forged)->status, 404);
+    EXPECT_EQ(m_client->Get(deletePath)->status, 200); // what previews links deletes nothing
+    EXPECT_EQ(m_client->Get(path)->status, 200);
+    EXPECT_EQ(m_client->Post(deletePath)->status, 200);
+    EXPECT_EQ(m_client->Get(path)->status, 404);
+    EXPECT_EQ(m_client->Get(path + "/raw")->status, 404);
+    EXPECT_EQ(countIn("pictures"), 0u);
+}
+
+TEST_F(KestrelTest, RefusesWhatIsNoUploadWithAClearStatusAndKeepsNothing)
+{
+    const std::string jpeg = Samples::picture();
+    const auto form = [this](
+                          httplib::MultipartFormDataItems items) { return m_client->Post("/upload", items); };
+    struct Case {
+        const char* name;
+        std::function<httplib::Result()> send;
+        int status;
+    };
+    const Case cases[] = {
+        {"no form", [this] { return m_client->Post("/upload", "x", "text/plain"); }, 400},
+        {"no file",
+            [&] {
+                return form({{"title", "x", "", ""}});
+            },
+            400},
+        {"two files",
+            [&] {
+                return form({{"file", jpeg, "a", ""}, {"file", jpeg, "b", ""}});
+            },
+            400},
+        {"a form without its end",
+            [this] { return m_client->Post("/upload", "--b\r\n", "multipart/form-data; boundary=b"); }, 400},
+        {"a huge title", [&] { return upload(jpeg, std::string(5000, 'x')); }, 400},
+        {"a huge password", [&] { return upload(jpeg, "", std::string(5000, 'x')); }, 400},
+        {"no picture", [&] { return upload("hello"); }, 415},
+        {"half a picture", [&] { return upload(jpeg.substr(0, 300)); }, 415},
+        {"a file over the limit", [&] { return upload(std::string(20001, 'x')); }, 413},
+        {"a form far over the limit", [&] { return upload(std::string(200000, 'x')); }, 413},
+        {"too many pixels", [&] { return upload(Samples::promising(50000, 50000)); }, 413},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto answer = c.send();
+        ASSERT_TRUE(answer);
+        EXPECT_EQ(answer->status, c.status);
+    }
+    EXPECT_EQ(countIn("pictures") + countIn("incoming"), 0u);
+    EXPECT_EQ(upload(jpeg)->status, 201);
+}
+
+TEST_F(KestrelTest, TellsWhenTheDiskIsFull)
+{
+    const auto answer = [this] {
+        const FileSizeLimit limit(200);
+        return upload(Samples::picture());
+    }();
+    ASSERT_TRUE(answer);
+    EXPECT_EQ(answer->status, 507);
+    EXPECT_EQ(countIn("pictures") + countIn("incoming"), 0u);
+}
+
+TEST_F(KestrelTest, TakesManyUploadsAtOnce)
+{
+    std::vector<std::future<int>> uploads;
+    for (int i = 0; i < 12; ++i) {
+        uploads.push_back(std::async(std::launch::async, [this] {
+            httplib::Client client(base());
+            const auto answer = client.Post(
+                "/upload", httplib::MultipartFormDataItems{{"file", Samples::picture(), "a", ""}});
+            return answer ? answer->status : 0;
+        }));
+    }
+    for (auto& answer : uploads)
+        EXPECT_EQ(answer.get(), 201);
+    EXPECT_EQ(countIn("pictures"), 12u);
+}
+
+TEST_F(KestrelTest, KnowsNoOtherPaths)
+{
+    for (const char* path : {"/", "/p/", "/p/..", "/p/aaaaaaaaaaaaaaaaaaaaaa", "/p/../../etc/passwd",
+             "/p/%2e%2e/info.json", "/incoming/", "/data"}) {
+        SCOPED_TRACE(path);
+        const auto answer = m_client->Get(path);
+        ASSERT_TRUE(answer);
+        EXPECT_EQ(answer->status, 404);
+    }
+}

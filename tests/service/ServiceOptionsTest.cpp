@@ -1,0 +1,49 @@
+#include "service/ServiceOptions.h"
+
+#include <gtest/gtest.h>
+
+TEST(ServiceOptions, TakeWhatTheyCanUseAndNameWhatTheyCannot)
+{
+    struct Case {
+        std::vector<std::string> arguments;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {{}, ""},
+        {{"--listen", "localhost:0", "--data", "x"}, ""},
+        {{"--listen", "[::1]:80"}, ""},
+        {{"--listen", "0.0.0.0:80"}, "plain HTTP is for loopback only: give --certificate and --key"},
+        {{"--listen", "127.example.org:80"}, "plain HTTP is for loopback only: give --certificate and --key"},
+        {{"--listen", "0.0.0.0:443", "--certificate", "c", "--key", "k"}, ""},
+        {{"--certificate", "c"}, "--certificate and --key belong together"},
+        {{"--listen", "localhost"}, "--listen cannot be localhost"},
+        {{"--listen", ":80"}, "--listen cannot be :80"},
+        {{"--listen", "localhost:65536"}, "--listen cannot be localhost:65536"},
+        {{"--max-bytes", "12k"}, "--max-bytes cannot be 12k"},
+        {{"--max-bytes", "0"}, "--max-bytes cannot be 0"},
+        {{"--public-url", "ftp://x"}, "--public-url cannot be ftp://x"},
+        {{"--upload-path", "/up/8sd-_f"}, ""},
+        {{"--upload-path", "/up.*"}, "--upload-path cannot be /up.*"},
+        {{"--upload-path", "/p/x"}, "--upload-path cannot be /p/x"},
+        {{"--data"}, "--data needs a value"},
+        {{"--dat", "x"}, "unknown option --dat"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.arguments.empty() ? "" : c.arguments.back());
+        EXPECT_EQ(parsedOptions(c.arguments).reason, c.reason);
+    }
+}
+
+TEST(ServiceOptions, AreReadIntoTheirPlaces)
+{
+    const ServiceOptions options = parsedOptions({"--listen", "[::1]:80", "--max-bytes", "7", "--max-pixels",
+                                                     "8", "--public-url", "https://pictures.example.org/"})
+                                       .options;
+    EXPECT_EQ(options.host, "::1");
+    EXPECT_EQ(options.port, 80);
+    EXPECT_EQ(options.maxBytes, 7);
+    EXPECT_EQ(options.maxPixels, 8);
+    EXPECT_EQ(options.publicUrl, "https://pictures.example.org");
+    EXPECT_TRUE(parsedOptions({"--help"}).isHelp);
+    EXPECT_NE(optionsUsage().find("--max-pixels N"), std::string::npos);
+}
