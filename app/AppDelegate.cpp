@@ -196,7 +196,9 @@ void AppDelegate::fillStatusMenu()
 
 void AppDelegate::initContext()
 {
+    mScreenShotManager.setJournal(&m_journal);
     mScreenShotManager.initContext();
+    QTimer::singleShot(0, this, [this] { m_journal.watchAge(); });
 }
 
 void AppDelegate::addhotKey()
@@ -269,6 +271,15 @@ void AppDelegate::startCapture(bool isFullScreen)
 void AppDelegate::startTool(ScreenShotTool tool)
 {
     startWithoutMenu([this, tool] { useTool(tool); });
+}
+
+void AppDelegate::reopenLastCapture()
+{
+    if (mScreenShotManager.isCapturing())
+        return;
+    mScreenShotStatusbar.closeMenu();
+    mScreenShotManager.initialize();
+    mScreenShotManager.reopenScreenShot();
 }
 
 void AppDelegate::startWithoutMenu(std::function<void()> start)

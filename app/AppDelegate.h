@@ -39,6 +39,8 @@ public:
     // A capture, at once where no menu of ours shows; nothing happens while another one runs.
     void startCapture(bool isFullScreen);
     void startTool(ScreenShotTool tool);
+    // Opens the last capture again; nothing happens while another one runs.
+    void reopenLastCapture() override;
     // The status menu, at the pointer; false while a capture or a tool runs or a modal window shows.
     bool openMenu();
     void showAbout() override;
@@ -94,6 +96,7 @@ private:
     void useTool(ScreenShotTool tool);
 
     Platform& m_platform;
+    CaptureJournal m_journal{CaptureJournal::standardFolder()};
     ZRScreenShotManager mScreenShotManager;
     ZRScreenShotStatusbar mScreenShotStatusbar;
     std::unique_ptr<AboutWindow> mAboutWindow; // while it shows

@@ -15,7 +15,7 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
         return {Kind::Help, {}};
     if (first == QLatin1String("--version"))
         return {Kind::Version, {}};
-    for (const char* verb : {"region", "full", "measure", "pick", "menu", "cancel", "quit"})
+    for (const char* verb : {"region", "full", "reopen", "measure", "pick", "menu", "cancel", "quit"})
         if (first == QLatin1String(verb))
             return {Kind::Verb, first};
     return {Kind::Wrong, {}};
@@ -24,13 +24,14 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
 QString CommandLine::usage()
 {
     return QStringLiteral(
-        "usage: lumora-screenshot [region | full | measure | pick | menu | cancel | quit |\n"
+        "usage: lumora-screenshot [region | full | reopen | measure | pick | menu | cancel | quit |\n"
         "                          --version | --help]\n"
         "\n"
         "Without a verb the program starts and waits for its hot keys, or opens the\n"
         "menu of the one that runs.\n"
         "  region   capture a region and print the path of the saved picture\n"
         "  full     capture the display under the pointer and print the path\n"
+        "  reopen   open the last capture again, for an hour after it was made\n"
         "  measure  measure distances on the screen until Escape is pressed\n"
         "  pick     pick a colour from the screen and print it as #rrggbb\n"
         "  menu     open the menu at the pointer\n"

@@ -8,6 +8,7 @@ public:
 
     virtual void regionScreenShotFromSystembar() = 0;
     virtual void fullScreenShotFromSystembar() = 0;
+    virtual void reopenLastCapture() = 0;
     virtual void actionForStatusbbarDistance() = 0; // Kept: the name's second "b".
     virtual void actionForStatusbarGetColor() = 0;
     virtual void openVideoRecorderURL() = 0;

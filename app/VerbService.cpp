@@ -76,7 +76,10 @@ void VerbService::handle(const QString& verb, const ResidentServer::Answer& answ
     } else if (verb == QLatin1String("menu")) {
         answer(m_delegate.openMenu() ? Reply{} : replyToBusy());
     } else if (verb == QLatin1String("region") || verb == QLatin1String("full")) {
-        capture(verb == QLatin1String("full"), answer);
+        const bool isFullScreen = verb == QLatin1String("full");
+        capture([this, isFullScreen] { m_delegate.startCapture(isFullScreen); }, answer);
+    } else if (verb == QLatin1String("reopen")) {
+        capture([this] { m_delegate.reopenLastCapture(); }, answer);
     } else if (verb == QLatin1String("measure") || verb == QLatin1String("pick")) {
         useTool(verb == QLatin1String("pick"), answer);
     } else if (verb == QLatin1String("cancel")) {
@@ -92,7 +95,7 @@ void VerbService::handle(const QString& verb, const ResidentServer::Answer& answ
     }
 }
 
-void VerbService::capture(bool isFullScreen, const ResidentServer::Answer& answer)
+void VerbService::capture(const std::function<void()>& start, const ResidentServer::Answer& answer)
 {
     ZRScreenShotManager& manager = m_delegate.screenShotManager();
     if (manager.isCapturing()) {
@@ -100,7 +103,7 @@ void VerbService::capture(bool isFullScreen, const ResidentServer::Answer& answe
         return;
     }
     m_captures[manager.captureNumber() + 1] = answer;
-    m_delegate.startCapture(isFullScreen);
+    start();
 }
 
 void VerbService::useTool(bool isPick, const ResidentServer::Answer& answer)

@@ -16,7 +16,7 @@ public:
     void handle(const QString& verb, const ResidentServer::Answer& answer);
 
 private:
-    void capture(bool isFullScreen, const ResidentServer::Answer& answer);
+    void capture(const std::function<void()>& start, const ResidentServer::Answer& answer);
     void useTool(bool isPick, const ResidentServer::Answer& answer);
     void carryOutWaiting();
     void captureFinished(quint64 capture, const CaptureOutcome& outcome);

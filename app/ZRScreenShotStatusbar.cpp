@@ -52,6 +52,8 @@ const ZRScreenShotStatusbar::Item ZRScreenShotStatusbar::kItems[] = {
         &StatusbarActions::regionScreenShotFromSystembar, nullptr},
     {&ZRScreenShotStatusbar::mMenuFullscreen, Place::Menu, false, u"Comm:FullScreenshot", u"fullscreen",
         &StatusbarActions::fullScreenShotFromSystembar, nullptr},
+    {&ZRScreenShotStatusbar::mMenuReopen, Place::Menu, false, u"Lumora:Capture:Reopen", u"reopen",
+        &StatusbarActions::reopenLastCapture, nullptr},
     {&ZRScreenShotStatusbar::mMenuMoreTools, Place::Menu, true, u"Comm:Tools", u"tools", nullptr, nullptr},
     {&ZRScreenShotStatusbar::mMenuCrossHair, Place::Tools, false, u"Button:AdvancedCaptureCrossHair",
         u"crosshair-normal", &StatusbarActions::actionForStatusbbarDistance, nullptr},

@@ -66,6 +66,7 @@ private:
     QAction* mMenuColorPicker = nullptr;
     QAction* mMenuRegion = nullptr;
     QAction* mMenuFullscreen = nullptr;
+    QAction* mMenuReopen = nullptr;
     QAction* mMenuMoreTools = nullptr;
     QAction* mMenuRecordVideo = nullptr;
     QAction* mMenuOptions = nullptr;

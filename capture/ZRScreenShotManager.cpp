@@ -1,6 +1,7 @@
 #include "capture/ZRScreenShotManager.h"
 
 #include "capture/ChromeRules.h"
+#include "capture/LastCapture.h"
 #include "capture/RegionRules.h"
 #include "capture/ScreenShotBackView.h"
 #include "capture/ToolScreen.h"
@@ -171,20 +172,28 @@ void ZRScreenShotManager::_StartRegionScreenShot()
 // reaches anybody else in between.
 void ZRScreenShotManager::openOverlay()
 {
-    if (!freezeCurrentScreen())
-        return;
+    if (freezeCurrentScreen())
+        showOverlay(nullptr);
+}
+
+// With the region and the annotations of `last`, where there is one.
+void ZRScreenShotManager::showOverlay(const JournalEntry* last)
+{
     std::unique_ptr<ZRStaticScreenShotWindow> before = initScreenShotEditorWindow();
     mScreenShotController.initialize();
     AppSettings::setUseWindowRecognize(true);
-    showChromeUnderPointer();
+    if (last)
+        showLastCapture(*last);
+    else
+        showChromeUnderPointer();
     updateCursor({});
     mScreenShotEditorWindow->makeKeyAndOrderFront();
     m_platform.inputGrab->grabKeyboard(*mScreenShotEditorWindow->windowHandle());
     discard(std::move(before));
     if (m_isEnding) // the keyboard was refused
         return;
-    mScreenShotEditorWindow->showFrame(*m_platform.windowServer);
-    if (!m_platform.inputGrab->grabPointer(*mScreenShotEditorWindow->windowHandle()))
+    mScreenShotEditorWindow->showFrame(*m_platform.windowServer, last != nullptr);
+    if (!last && !m_platform.inputGrab->grabPointer(*mScreenShotEditorWindow->windowHandle()))
         CommLog::log(QStringLiteral("another program holds the pointer, the capture waits for it"));
     m_platform.frontKeeper->keepInFront(*mScreenShotEditorWindow->windowHandle());
     storeScreens(m_frame->display());
@@ -195,6 +204,61 @@ void ZRScreenShotManager::storeScreens(const DisplayRecord& current)
 {
     AppSettings::setCurrentScreenInfo(ScreenInfo(current));
     AppSettings::setFistScreenInfo(_fistScreenInfo);
+}
+
+void ZRScreenShotManager::reopenScreenShot()
+{
+    _startScreenShot();
+    ZRLocalNotificationCenter::defaultLocalNotificationCenter().leaveScreen();
+    QString reason = QStringLiteral("no capture is kept");
+    const auto entry = lastCapture(&reason);
+    if (!entry)
+        return failCapture(QStringLiteral("the last capture cannot be opened again: %1").arg(reason),
+            u"Lumora:Capture:ReopenFailed");
+    AppSettings::updateLastRunningAndActiveApp();
+    setCurrentScreen(entry->display);
+    m_frame = std::make_shared<const Frame>(entry->display, entry->picture);
+    showOverlay(&*entry);
+}
+
+// On the display that it was made on or, where that has gone, on one that is as large.
+std::optional<JournalEntry> ZRScreenShotManager::lastCapture(QString* reason) const
+{
+    auto entry = m_journal ? m_journal->last(reason) : std::nullopt;
+    if (!entry)
+        return std::nullopt;
+    const auto displays = m_platform.displays->all();
+    const auto isAlike = [&entry](const DisplayRecord& display) {
+        return display.pixels.size() == entry->display.pixels.size() && display.scale == entry->display.scale;
+    };
+    auto found = std::find(displays.begin(), displays.end(), entry->display);
+    if (found == displays.end())
+        found = std::find_if(displays.begin(), displays.end(), isAlike);
+    *reason = QStringLiteral("no display is like the one that it was made on");
+    if (found == displays.end())
+        return std::nullopt;
+    entry->display = *found;
+    return entry;
+}
+
+void ZRScreenShotManager::showLastCapture(const JournalEntry& entry)
+{
+    AppSettings::setUseWindowRecognize(false);
+    mScreenShotController.updateSelectedRegionRect(entry.region);
+    _endRegionSelect();
+    if (!entry.annotations.isEmpty() && !mGraffitManager->restore(entry.annotations))
+        CommLog::log(QStringLiteral("the annotations of the last capture cannot be read"));
+    keepCapture();
+}
+
+void ZRScreenShotManager::keepCapture()
+{
+    if (!m_journal || !m_frame || m_isEnding || !mScreenShotController.isRegionLocked() || !mGraffitManager)
+        return;
+    if (AppSettings::isLastCaptureKept())
+        m_journal->keep(LastCapture::entryOf(m_frame, mScreenShotController.regionRect(), *mGraffitManager));
+    else if (m_journal->hasEntry())
+        m_journal->forget();
 }
 
 // Maps no window and so disturbs nobody's focus.
@@ -213,17 +277,20 @@ bool ZRScreenShotManager::freezeCurrentScreen()
     const DisplayRecord display = currentScreen();
     m_frame = display.isValid() ? m_platform.windowServer->freeze(display, &reason) : nullptr;
     if (!m_frame)
-        failCapture(reason);
+        failCapture(reason, u"Lumora:Capture:ScreenUnreadable");
     return m_frame != nullptr;
 }
 
-void ZRScreenShotManager::failCapture(const QString& reason)
+void ZRScreenShotManager::failCapture(const QString& reason, QStringView noticeKey)
 {
     if (!mIsCapturing || m_isEnding)
         return;
     CommLog::log(QStringLiteral("the capture cannot go on: %1").arg(reason));
     beginEnding();
     stopScreenShot();
+    if (!noticeKey.isEmpty())
+        mScreenShotController.postLocalNotificationWithMessageTitle(
+            AppSettings::getXMLValueForKeywords(noticeKey), {});
     reportOutcome(m_captureNumber, {CaptureOutcome::Kind::Failed, {}, reason});
 }
 
@@ -251,6 +318,7 @@ void ZRScreenShotManager::initGraffitManager()
 {
     mGraffitManager = std::make_unique<ZRGraffitManager>();
     mGraffitManager->setMainManager(this);
+    mGraffitManager->onChange = [this] { keepCapture(); };
     mGraffitManager->onCursor = [this](Qt::CursorShape shape) { setCursor(shape); };
     mGraffitManager->addGraffitViewTo(*mScreenShotEditorWindow, {});
     mScreenShotEditorWindow->addGraffitView(*mGraffitManager->editorView());
@@ -447,6 +515,7 @@ void ZRScreenShotManager::edit(OverlayAction action)
         mGraffitManager->goForwardDrawView();
     else
         deleteFromBackSpace();
+    keepCapture();
 }
 
 QImage ZRScreenShotManager::getCurrentImageFromTheRegion(ZRRect rect) const
@@ -481,18 +550,21 @@ void ZRScreenShotManager::changeLineWidth()
 {
     if (mGraffitManager)
         mGraffitManager->setLineWidth(ZRScreenShotSetting::selectedLineWidth());
+    keepCapture();
 }
 
 void ZRScreenShotManager::changeDrawColor()
 {
     if (mGraffitManager)
         mGraffitManager->setCurColor(ZRScreenShotSetting::selectedColor());
+    keepCapture();
 }
 
 void ZRScreenShotManager::changeTextFont()
 {
     if (mGraffitManager)
         mGraffitManager->setCurFont(ZRScreenShotSetting::selectedFont());
+    keepCapture();
 }
 
 bool ZRScreenShotManager::isCanRevoke() const
@@ -504,6 +576,7 @@ void ZRScreenShotManager::goBackDrawView()
 {
     if (mGraffitManager)
         mGraffitManager->goBackDrawView();
+    keepCapture();
 }
 
 void ZRScreenShotManager::deleteFromBackSpace()
@@ -561,6 +634,7 @@ void ZRScreenShotManager::moveRegionByKey(const QKeyEvent& event)
     mScreenShotController.updateSelectedRegionRect(
         display.localRect(changed(region, step->by, display.pixels.size())));
     adaptGraffitView();
+    keepCapture();
 }
 
 void ZRScreenShotManager::adaptGraffitView()
@@ -593,6 +667,7 @@ void ZRScreenShotManager::_endRegionSelect()
     if (mScreenShotController.isResizingRegion())
         mScreenShotController.resizeRegionUnLock();
     adaptGraffitView();
+    keepCapture();
 }
 
 void ZRScreenShotManager::updateCursor(ZRPoint point)

@@ -7,6 +7,7 @@
 #include "capture/ZRScreenShotViewController.h"
 #include "customui/View.h"
 #include "editor/ZRGraffitManager.h"
+#include "output/CaptureJournal.h"
 #include "platform/Platform.h"
 #include "platform/ScreenInfo.h"
 
@@ -40,6 +41,10 @@ public:
     // runs; nothing while a capture runs. A capture that starts ends them.
     void startScreenShotDistance();
     void startScreenShotGetColor();
+    // Opens the last capture again, as the journal has it, on its display.
+    void reopenScreenShot();
+    // Where captures are kept for that, borrowed; null for nowhere.
+    void setJournal(CaptureJournal* journal) { m_journal = journal; }
     PointerTools& tools() { return m_tools; }
     // From the start of a capture until 0.3 s after its end.
     bool isCapturing() const { return mIsCapturing; }
@@ -108,8 +113,12 @@ private:
     void _StartRegionScreenShot();
     void _StartFullScreenShot();
     bool freezeCurrentScreen();
-    void failCapture(const QString& reason);
+    void failCapture(const QString& reason, QStringView noticeKey = {});
     void openOverlay();
+    void showOverlay(const JournalEntry* last);
+    std::optional<JournalEntry> lastCapture(QString* reason) const;
+    void showLastCapture(const JournalEntry& entry);
+    void keepCapture();
     void storeScreens(const DisplayRecord& current);
     std::unique_ptr<ZRStaticScreenShotWindow> initScreenShotEditorWindow();
     void prepareOverlay();
@@ -141,6 +150,7 @@ private:
 
     Platform& m_platform;
     PointerTools m_tools;
+    CaptureJournal* m_journal = nullptr;
     std::unique_ptr<ZRGraffitManager> mGraffitManager; // the running region capture's
     QString mHotKey;
     bool mIsCapturing = false;

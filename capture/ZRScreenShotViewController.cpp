@@ -288,7 +288,7 @@ void ZRScreenShotViewController::forget(const ZRImageShowWindow* imageWindow)
 void ZRScreenShotViewController::fail(const Report& report, QStringView titleKey, const QString& reason)
 {
     CommLog::log(QStringLiteral("the picture is lost: %1").arg(reason));
-    postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(titleKey), {}, kIcon);
+    postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(titleKey), {});
     report({CaptureOutcome::Kind::Failed, {}, reason});
 }
 
@@ -296,7 +296,7 @@ void ZRScreenShotViewController::tellOfSaved(const QString& path)
 {
     const QString message = AppSettings::getXMLValueForKeywords(u"Comm:ScreenshotSavedTips");
     postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(u"Comm:SuccSavePicture"),
-        QString(message).replace(QLatin1String("[#FilePath#]"), path), kIcon,
+        QString(message).replace(QLatin1String("[#FilePath#]"), path),
         [this, path] { mManager->revealFile(path); });
 }
 
@@ -304,13 +304,13 @@ void ZRScreenShotViewController::tellOfCopied()
 {
     const QString title = AppSettings::getXMLValueForKeywords(u"Comm:SuccSavePicture");
     postLocalNotificationWithMessageTitle(title.isNull() ? QStringLiteral("Save to finish") : title,
-        AppSettings::getXMLValueForKeywords(u"Comm:ScreenshotCopiedTips"), kIcon);
+        AppSettings::getXMLValueForKeywords(u"Comm:ScreenshotCopiedTips"));
 }
 
 void ZRScreenShotViewController::postLocalNotificationWithMessageTitle(
-    const QString& title, const QString& messageBoddy, const QString& icon, std::function<void()> reveal)
+    const QString& title, const QString& messageBoddy, std::function<void()> reveal)
 {
-    auto notification = std::make_unique<ZRBasicLocalNotification>(title, messageBoddy, icon);
+    auto notification = std::make_unique<ZRBasicLocalNotification>(title, messageBoddy, kIcon);
     if (reveal)
         notification->setClickAction(
             std::move(reveal), AppSettings::getXMLValueForKeywords(u"Lumora:Notice:RevealFile"));

@@ -64,6 +64,11 @@ public:
     void screenshotShowImageWindow();
     void cancelRegionScreenShot();
 
+    // Delivers a notice with the program's icon. Kept: the spelling. With `reveal` a click on it shows the
+    // file.
+    static void postLocalNotificationWithMessageTitle(
+        const QString& title, const QString& messageBoddy, std::function<void()> reveal = nullptr);
+
 private:
     void _saveRegionShotToLocal();
     void _saveToPasteboard();
@@ -82,9 +87,6 @@ private:
     void fail(const Report& report, QStringView titleKey, const QString& reason);
     void tellOfSaved(const QString& path);
     void tellOfCopied();
-    // Kept: the spelling. With `reveal` a click on the notice shows the file.
-    void postLocalNotificationWithMessageTitle(const QString& title, const QString& messageBoddy,
-        const QString& icon, std::function<void()> reveal = nullptr);
 
     ZRScreenShotManager* mManager = nullptr;
     QPointer<ScreenShotBackView> m_view;

@@ -21,9 +21,10 @@ void ZRStaticScreenShotWindow::addGraffitView(ZREditorView& view)
     view.stackUnder(m_backView);
 }
 
-void ZRStaticScreenShotWindow::showFrame(WindowServer& server)
+void ZRStaticScreenShotWindow::showFrame(WindowServer& server, bool isAnnotated)
 {
-    presentFrame(server, {ScreenShotBackView::kDim, m_backView->holePixels()}, m_backView->touchedPoints());
+    const QRegion above = isAnnotated ? QRegion(rect()) : m_backView->touchedPoints();
+    presentFrame(server, {ScreenShotBackView::kDim, m_backView->holePixels()}, above);
 }
 
 void ZRStaticScreenShotWindow::mouseDown(const ZRMouseEvent& event)

@@ -19,8 +19,9 @@ public:
 
     // Gives the view of the annotations, a child already, its place.
     void addGraffitView(ZREditorView& view);
-    // Puts the picture and the mask on the shown overlay.
-    void showFrame(WindowServer& server);
+    // Puts the picture and the mask on the shown overlay, and on them the region's chrome, or, with
+    // `isAnnotated`, everything that stands there already.
+    void showFrame(WindowServer& server, bool isAnnotated);
 
     void mouseDown(const ZRMouseEvent& event) override;
     void mouseUp(const ZRMouseEvent& event) override;

@@ -1,5 +1,6 @@
 #include "editor/ZRGraffitManager.h"
 
+#include "editor/EntityArchive.h"
 #include "editor/ZRGaussianBlur.h"
 #include "editor/ZRTextEditor.h"
 
@@ -187,6 +188,39 @@ void ZRGraffitManager::goForwardDrawView()
     }
 }
 
+QByteArray ZRGraffitManager::archived() const
+{
+    std::vector<EntityArchive> archives;
+    archives.reserve(mGraffitEntitys.size());
+    for (const auto& entity : mGraffitEntitys)
+        archives.push_back(EntityArchive::of(*entity));
+    return EntityArchive::encoded(archives);
+}
+
+bool ZRGraffitManager::restore(const QByteArray& archive)
+{
+    const auto archives = EntityArchive::decoded(archive);
+    if (!archives)
+        return false;
+    mLastFocusOnEntity = nullptr;
+    mGraffitEntitys.clear();
+    m_history.clear();
+    for (const EntityArchive& each : *archives) {
+        auto entity = each.restored();
+        if (!entity)
+            continue;
+        m_history.pressed(*entity);
+        insert(std::move(entity), mGraffitEntitys.size());
+    }
+    return true;
+}
+
+bool ZRGraffitManager::hasMosaic() const
+{
+    return std::any_of(mGraffitEntitys.begin(), mGraffitEntitys.end(),
+        [](const auto& entity) { return entity->viewId() == QLatin1String("mosic"); });
+}
+
 QImage ZRGraffitManager::composed(const QRect& pixels) const
 {
     return mGraffitEntitys.empty() || !mEditorView ? QImage() : mEditorView->composed(pixels);
@@ -258,6 +292,7 @@ void ZRGraffitManager::EditorRequest_DidUpdateCurrentEntity()
         setCursor(Qt::IBeamCursor);
     else
         setCursor(mLastFocusOnEntity ? Qt::OpenHandCursor : Qt::CrossCursor);
+    tellOfChange();
 }
 
 std::vector<EntityRecord> ZRGraffitManager::EditorRequest_getAllGraffitRect() const
@@ -303,6 +338,13 @@ void ZRGraffitManager::EditorDelegate_endEdit()
 {
     clearFocusOnGraffitView();
     setCursor(Qt::CrossCursor);
+    tellOfChange();
+}
+
+void ZRGraffitManager::tellOfChange() const
+{
+    if (onChange)
+        onChange();
 }
 
 void ZRGraffitManager::change(ZRBasicCustomView& entity, const std::function<void()>& how)

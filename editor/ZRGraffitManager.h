@@ -64,6 +64,15 @@ public:
     // Does again what was undone last; nothing once something else has changed.
     void goForwardDrawView();
 
+    // All annotations as bytes, and those of such bytes in the place of all; false, and no change, for bytes
+    // that are none of ours.
+    QByteArray archived() const;
+    bool restore(const QByteArray& archive);
+    // Whether an area is hidden by a mosaic.
+    bool hasMosaic() const;
+    // Called after annotations were made, changed or taken away by the mouse or by an edit's end.
+    std::function<void()> onChange;
+
     // The frozen display with the annotations; `pixels` of the display and inside it. Null without any.
     QImage composed(const QRect& pixels) const;
 
@@ -82,6 +91,7 @@ public:
 private:
     using Entities = std::vector<std::unique_ptr<ZRBasicCustomView>>;
 
+    void tellOfChange() const;
     void change(ZRBasicCustomView& entity, const std::function<void()>& how);
     Entities::iterator find(const ZRBasicCustomView* entity);
     void insert(std::unique_ptr<ZRBasicCustomView> entity, size_t index);

@@ -52,6 +52,12 @@ void ZRScreenShotTextField::refusesFirstResponder()
     hide();
 }
 
+void ZRScreenShotTextField::setTextString(const QString& text)
+{
+    m_saved = text;
+    setText(text);
+}
+
 void ZRScreenShotTextField::deleteBackward()
 {
     if (isEditing())

@@ -19,6 +19,7 @@ public:
     void refusesFirstResponder();
     // The text as it was saved when the edit ended last.
     QString textString() const { return m_saved; }
+    void setTextString(const QString& text);
     // One character, as the Backspace key does it; nothing outside an edit.
     void deleteBackward();
 

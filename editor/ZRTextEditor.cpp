@@ -37,6 +37,13 @@ void ZRTextEditor::changeTextFont(const QFont& font)
     layOut();
 }
 
+void ZRTextEditor::restoreText(const QString& text, const QFont& font)
+{
+    if (mTextField)
+        mTextField->setTextString(text);
+    changeTextFont(font);
+}
+
 void ZRTextEditor::deleteText()
 {
     if (isEditing())

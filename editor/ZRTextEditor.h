@@ -24,6 +24,8 @@ public:
     // Fits the box to the text.
     void changeTextFont(const QFont& font);
     const QFont& textFont() const { return m_font; }
+    // The text as if it had been typed, and edited no more.
+    void restoreText(const QString& text, const QFont& font);
 
     // One character, as the Backspace key does it; nothing outside an edit.
     void deleteText();

@@ -13,10 +13,12 @@ constexpr int kIconSize = 40; // points, as all below
 constexpr int kIconX = 12;
 constexpr int kAfterIcon = 10;
 constexpr int kAfterText = 5; // what the text's width leaves of the notice, beside the gap after the icon
-constexpr int kBetween = 3;
+constexpr int kBetween = 2;
 constexpr int kTitleSize = 14;
+constexpr int kLongTitleSize = 12; // of one that takes two lines above a message
 constexpr int kMessageSize = 10;
-constexpr int kMessageLines = 2;
+constexpr int kLines = 2; // of the title, and of the message where there is room
+constexpr QChar kLineEnd(u'\n');
 const QColor kInk(31, 41, 55);
 const QColor kSoftInk(92, 105, 123);
 
@@ -35,6 +37,13 @@ void dress(QLabel& label, const QFont& font, const QColor& ink)
     label.setPalette(palette);
     label.setFont(font);
     label.setTextFormat(Qt::PlainText);
+}
+
+void setLines(QLabel& label, const QString& text, int width, int count)
+{
+    const QStringList lines =
+        NotificationRules::linesCutInMiddle(text.simplified(), label.font(), width, count);
+    label.setText(lines.join(kLineEnd));
 }
 
 }
@@ -62,16 +71,19 @@ ZRBasicLocalNotification::ZRBasicLocalNotification(
 void ZRBasicLocalNotification::layOut(const QString& title, const QString& message, int textX)
 {
     const int textWidth = width() - textX - kAfterText;
-    mTitleField->setText(
-        mTitleField->fontMetrics().elidedText(title.simplified(), Qt::ElideRight, textWidth));
-    const QStringList lines = NotificationRules::linesCutInMiddle(
-        message.simplified(), mMessageField->font(), textWidth, kMessageLines);
-    mMessageField->setText(lines.join(QLatin1Char('\n')));
+    setLines(*mTitleField, title, textWidth, kLines);
+    if (!message.isEmpty() && mTitleField->text().contains(kLineEnd)) {
+        dress(*mTitleField, helvetica(kLongTitleSize, QFont::Bold), kInk);
+        setLines(*mTitleField, title, textWidth, kLines);
+    }
     const int titleHeight = mTitleField->sizeHint().height();
-    const int messageHeight = lines.isEmpty() ? 0 : mMessageField->sizeHint().height();
-    const int y = (height() - titleHeight - (lines.isEmpty() ? 0 : kBetween + messageHeight)) / 2;
+    const int room = (height() - titleHeight) / mMessageField->fontMetrics().lineSpacing();
+    setLines(*mMessageField, message, textWidth, qBound(1, room, kLines));
+    const int messageHeight = message.isEmpty() ? 0 : mMessageField->sizeHint().height();
+    const int between = message.isEmpty() ? 0 : qMin(kBetween, height() - titleHeight - messageHeight);
+    const int y = (height() - titleHeight - between - messageHeight) / 2;
     mTitleField->setGeometry(textX, y, textWidth, titleHeight);
-    mMessageField->setGeometry(textX, y + titleHeight + kBetween, textWidth, messageHeight);
+    mMessageField->setGeometry(textX, y + titleHeight + between, textWidth, messageHeight);
 }
 
 void ZRBasicLocalNotification::setBackgroundColor(const QColor& color)

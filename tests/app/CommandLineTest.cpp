@@ -14,6 +14,7 @@ TEST(CommandLine, KnowsItsVerbsAndRefusesTheRest)
         {{}, Kind::Start},
         {{QStringLiteral("region")}, Kind::Verb},
         {{QStringLiteral("menu")}, Kind::Verb},
+        {{QStringLiteral("reopen")}, Kind::Verb},
         {{QStringLiteral("measure")}, Kind::Verb},
         {{QStringLiteral("pick")}, Kind::Verb},
         {{QStringLiteral("quit")}, Kind::Verb},

@@ -16,6 +16,7 @@ class RecordedActions final : public StatusbarActions {
 public:
     void regionScreenShotFromSystembar() override { asked << QStringLiteral("region"); }
     void fullScreenShotFromSystembar() override { asked << QStringLiteral("full"); }
+    void reopenLastCapture() override { asked << QStringLiteral("reopen"); }
     void actionForStatusbbarDistance() override { asked << QStringLiteral("distance"); }
     void actionForStatusbarGetColor() override { asked << QStringLiteral("color"); }
     void openVideoRecorderURL() override { asked << QStringLiteral("video"); }
@@ -38,6 +39,7 @@ struct Entry {
 constexpr Entry kEntries[] = {
     {u"Comm:RegionScreenshot", "region"},
     {u"Comm:FullScreenshot", "full"},
+    {u"Lumora:Capture:Reopen", "reopen"},
     {u"Button:AdvancedCaptureCrossHair", "distance"},
     {u"Button:AdvancedCaptureColorPicker", "color"},
     {u"Comm:RecordVideo", "video"},
