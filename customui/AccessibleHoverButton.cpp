@@ -48,7 +48,7 @@ QStringList AccessibleHoverButton::actionNames() const
 void AccessibleHoverButton::doAction(const QString& name)
 {
     if (name == pressAction())
-        m_button.sendAction();
+        m_button.click();
     else
         QAccessibleWidget::doAction(name);
 }

@@ -35,6 +35,12 @@ std::optional<QColor> View::getPixlColorAtLocation(ZRPoint location)
     return drawn.pixelColor(pixel - DevicePixels::covering(points, scale).topLeft());
 }
 
+void View::place(QWidget& child, ZRRect rect) const
+{
+    const ZRServerRect r = flippedDown(rect, exactHeight());
+    child.setGeometry(qRound(r.x), qRound(r.y), qRound(r.width), qRound(r.height));
+}
+
 QRect View::devicePixels(ZRRect rect) const
 {
     const ZRServerRect r = flippedDown(rect.normalized(), exactHeight());
@@ -50,6 +56,11 @@ ZRMouseEvent View::translated(const QSinglePointEvent& event) const
     const QPointF p = event.scenePosition();
     const int clickCount = event.type() == QEvent::MouseButtonDblClick ? 2 : 1;
     return {flippedUp({p.x(), p.y(), 0, 0}, windowHeight()).origin(), event.button(), clickCount};
+}
+
+ZRPoint View::ownPoint(QPointF widgetPoint) const
+{
+    return flippedUp({widgetPoint.x(), widgetPoint.y(), 0, 0}, exactHeight()).origin();
 }
 
 ZRRect View::frameInWindow() const

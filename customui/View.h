@@ -27,6 +27,10 @@ public:
     double exactHeight() const { return m_exactHeight > 0 ? m_exactHeight : height(); }
     // What the view, with those in it, draws on the device pixel that begins at a point; nothing beside it.
     std::optional<QColor> getPixlColorAtLocation(ZRPoint location);
+    // Puts a child at a rectangle of this view.
+    void place(QWidget& child, ZRRect rect) const;
+    // A point of the widget, as Qt counts it, in the view's points.
+    ZRPoint ownPoint(QPointF widgetPoint) const;
     // The view's place in its window: points, origin bottom-left of the window.
     ZRRect frameInWindow() const;
     // Whether an event at that location of the window is over the view. A location is the top left corner of

@@ -3,6 +3,7 @@
 #include "geometry/ZRServerRect.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -78,8 +79,10 @@ ZRCustomWindow::ZRCustomWindow(ZRRect contentRect, unsigned styleMask, bool isNe
     , m_backgroundColor(backgroundColor)
     , m_isNeedPopupArrow(isNeedPopupArrow)
 {
-    hide(); // until it is asked for; a child would appear with its parent
     setAttribute(Qt::WA_NoMousePropagation);
+    if (parent)
+        setCursor(Qt::ArrowCursor);
+    hide(); // until it is asked for; a child would appear with its parent
     if (!contentRect.isEmpty())
         resize(qRound(contentRect.width), qRound(contentRect.height));
 }
@@ -127,6 +130,12 @@ void ZRCustomWindow::orderFront()
         activateWindow();
 }
 
+void ZRCustomWindow::release(ZRCustomWindow* popup)
+{
+    popup->orderOut();
+    popup->deleteLater();
+}
+
 ZRRect ZRCustomWindow::panelInWindow() const
 {
     const ZRRect frame = frameInWindow();
@@ -139,6 +148,12 @@ void ZRCustomWindow::keyPressEvent(QKeyEvent* event)
         close();
     else
         event->ignore();
+}
+
+void ZRCustomWindow::mousePressEvent(QMouseEvent* event)
+{
+    if (isPopup() && event->button() == Qt::RightButton)
+        QCoreApplication::sendEvent(window(), event);
 }
 
 void ZRCustomWindow::closeEvent(QCloseEvent* event)

@@ -11,7 +11,8 @@
 
 // A light panel around a content view. As a child widget it is a pop-up with rounded corners, with an arrow
 // where one is needed, that stands on its parent beside what it belongs to; without a parent it is an
-// ordinary window. Neither takes the focus from others nor keeps input from them. The content view becomes
+// ordinary window. Neither takes the focus from others nor keeps input from them; over a pop-up only presses
+// of the right button go on to its parent's window. The content view becomes
 // its child.
 class ZRCustomWindow : public View {
     Q_OBJECT
@@ -37,6 +38,8 @@ public:
     // Shows, raises, and makes a window the active one.
     void orderFront();
     void orderOut() { hide(); }
+    // Takes a pop-up off the screen at once and frees it when the event that closed it has been handled.
+    static void release(ZRCustomWindow* popup);
     // What a pop-up covers without its arrow and shadow: points, origin bottom-left of its window, y up.
     ZRRect panelInWindow() const;
 
@@ -45,6 +48,7 @@ public:
 
 private:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

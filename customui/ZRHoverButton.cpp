@@ -140,7 +140,7 @@ void ZRHoverButton::mouseUp(const ZRMouseEvent& event)
 {
     setMouseDown(false);
     if (isUnder(event.location))
-        sendAction();
+        click();
 }
 
 QSize ZRHoverButton::sizeHint() const
@@ -205,7 +205,7 @@ void ZRHoverButton::keyPressEvent(QKeyEvent* event)
     const bool isPress =
         event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isPress && !event->isAutoRepeat())
-        sendAction();
+        click();
     else
         event->ignore();
 }
@@ -226,7 +226,7 @@ void ZRHoverButton::paintEvent(QPaintEvent*)
     drawBackground(painter);
     drawImage(painter);
     painter.setPen(m_titleColor);
-    painter.drawText(rect(), Qt::AlignCenter, m_title);
+    painter.drawText(titleRect(), Qt::AlignCenter, m_title);
     if (hasFocus())
         drawFocus(painter);
 }
@@ -235,7 +235,7 @@ void ZRHoverButton::drawBackground(QPainter& painter) const
 {
     painter.setPen(m_borderLineWidth > 0 ? QPen(m_borderColor, m_borderLineWidth) : QPen(Qt::NoPen));
     painter.setBrush(shownBackground());
-    painter.drawRoundedRect(outlineInside(rect(), m_borderLineWidth), m_cornerRadius, m_cornerRadius);
+    painter.drawRoundedRect(outlineInside(panelRect(), m_borderLineWidth), m_cornerRadius, m_cornerRadius);
 }
 
 void ZRHoverButton::drawImage(QPainter& painter) const
@@ -253,5 +253,5 @@ void ZRHoverButton::drawFocus(QPainter& painter) const
 {
     painter.setPen(QPen(kFocusColor, kFocusLineWidth));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(outlineInside(rect(), kFocusLineWidth), m_cornerRadius, m_cornerRadius);
+    painter.drawRoundedRect(outlineInside(panelRect(), kFocusLineWidth), m_cornerRadius, m_cornerRadius);
 }

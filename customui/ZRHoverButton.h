@@ -21,6 +21,8 @@ public:
     std::function<void()> onAction;
     // As a click: nothing while the button is disabled or has no action.
     void sendAction();
+    // What a click, a key and an assistive tool do: the action, unless a class above does more.
+    virtual void click() { sendAction(); }
 
     // Names as imageNamed() knows them; a name that is empty or unknown shows the normal picture.
     void setImage(const QString& name);
@@ -60,6 +62,9 @@ protected:
     // What the button shows now; the classes above add states of their own.
     virtual QString shownImage() const;
     virtual QColor shownBackground() const;
+    // What the background fills, and where in it the title stands in the middle.
+    virtual QRect panelRect() const { return rect(); }
+    virtual QRect titleRect() const { return panelRect(); }
     // Whether the button is held down under the pointer.
     bool isPressedDown() const { return m_isMouseDown && m_isMouseInside; }
 
