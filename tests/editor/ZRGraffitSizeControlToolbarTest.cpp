@@ -1,0 +1,164 @@
+#include "editor/ZRGraffitSizeControlToolbar.h"
+
+#include "customui/ZRCustomWindow.h"
+#include "editor/ZRCustomPopUpMenu.h"
+#include "tests/editor/ToolbarStage.h"
+
+namespace {
+
+class Ribbon : public ToolbarStage {
+protected:
+    Ribbon()
+    {
+        anchor.setGeometry(600, 300, 32, 32);
+        anchor.show();
+    }
+
+    void open(const char* id, int direction = 1)
+    {
+        ribbon.popupToolbarWithControlID(QLatin1String(id), anchor, direction, actions);
+        settle();
+    }
+    std::vector<ZRColorControlItem*> swatches() const { return visible<ZRColorControlItem>(); }
+    QList<qint32> widthsOn() const
+    {
+        QList<qint32> widths;
+        for (const auto* item : visible<ZRScreenShotToolbarItem>())
+            if (item->state())
+                widths << item->lineWidth();
+        return widths;
+    }
+
+    View anchor{&overlay};
+    ZRGraffitSizeControlToolbar ribbon;
+};
+
+}
+
+TEST_F(Ribbon, HasTheContentOfItsTool)
+{
+    struct Case {
+        const char* id;
+        QSize content;
+        QString report;
+    };
+    const QString drawing = QStringLiteral("width 3 #ff0000");
+    const Case cases[] = {
+        {"square", {367, 32}, drawing},
+        {"anything", {367, 32}, drawing},
+        {"text", {331, 32}, QStringLiteral("font 14 #ff0000")},
+        {"mosic", {153, 32}, QStringLiteral("width 3")},
+        {"blur", {153, 32}, QStringLiteral("width 3")},
+        {"share", {42, 128}, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.id);
+        open(c.id);
+        ASSERT_EQ(visible<ZRCustomWindow>().size(), 1U);
+        EXPECT_EQ(visible<ZRCustomWindow>().front()->contentView()->size(), c.content);
+        EXPECT_EQ(actions.taken().join(QLatin1Char(' ')), c.report) << "reported at once";
+    }
+    ribbon.close();
+    ribbon.popupToolbarWithControlID(QString(), anchor, 1, actions);
+    EXPECT_FALSE(ribbon.isOpen());
+}
+
+TEST_F(Ribbon, MarksTheStoredWidthAlone)
+{
+    for (const double width : {3.0, 6.0, 9.0, 5.0}) {
+        SCOPED_TRACE(width);
+        ribbon.setLastSelectedLineWidth(width);
+        open("line");
+        EXPECT_EQ(widthsOn(), width == 5 ? QList<qint32>() : QList<qint32>{qint32(width)});
+    }
+    actions.taken();
+    for (auto* item : visible<ZRScreenShotToolbarItem>()) {
+        click(item);
+        EXPECT_EQ(widthsOn(), QList<qint32>{item->lineWidth()});
+    }
+    EXPECT_EQ(actions.taken().join(QLatin1Char(' ')), QStringLiteral("width 3 width 6 width 9"));
+}
+
+TEST_F(Ribbon, OffersBlackWhiteAndTheMixturesInTwoRows)
+{
+    open("line");
+    ASSERT_EQ(swatches().size(), 27U);
+    struct Case {
+        size_t index; // 0 shows the present colour
+        const char* color;
+        QRect place;
+    };
+    const Case cases[] = {
+        {0, "#ff0000", {0, 0, 32, 32}},
+        {1, "#000000", {37, 0, 15, 15}},
+        {2, "#ffffff", {37, 17, 15, 15}},
+        {3, "#000080", {54, 0, 15, 15}},
+        {14, "#808000", {241, 0, 15, 15}},
+        {15, "#8080ff", {54, 17, 15, 15}},
+        {26, "#ffff80", {241, 17, 15, 15}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.index);
+        EXPECT_EQ(swatches()[c.index]->selectColor(), QColor(QLatin1String(c.color)));
+        EXPECT_EQ(swatches()[c.index]->geometry(), c.place);
+        EXPECT_EQ(swatches()[c.index]->accessibleName(), QLatin1String(c.color));
+    }
+}
+
+TEST_F(Ribbon, KeepsTheChosenColour)
+{
+    open("line");
+    actions.taken();
+    click(swatches()[5]);
+    EXPECT_EQ(actions.taken(), QStringList(QStringLiteral("#008000")));
+    EXPECT_EQ(swatches()[0]->selectColor(), QColor(0, 128, 0));
+    ribbon.close();
+    open("text");
+    EXPECT_EQ(swatches()[0]->selectColor(), QColor(0, 128, 0));
+    EXPECT_EQ(actions.taken().last(), QStringLiteral("#008000"));
+}
+
+TEST_F(Ribbon, ChoosesFontSizesFromAMenuThatClosesWithIt)
+{
+    open("text");
+    auto* font = visible<ZRFontSelectView>().front();
+    EXPECT_EQ(font->title(), QStringLiteral("14 pt"));
+    click(font);
+    ASSERT_EQ(visible<ZRCustomPopUpMenu>().size(), 1U);
+    auto* menu = visible<ZRCustomPopUpMenu>().front();
+    EXPECT_EQ(menu->height(), 260);
+    actions.taken();
+    click(menu, {10, 8 * 20 + 1});
+    EXPECT_EQ(font->title(), QStringLiteral("36 pt"));
+    EXPECT_EQ(actions.taken(), QStringList(QStringLiteral("font 36")));
+    EXPECT_FALSE(menu->isVisible());
+
+    click(font);
+    EXPECT_TRUE(menu->isVisible());
+    ribbon.close();
+    settle();
+    EXPECT_TRUE(visible<ZRCustomPopUpMenu>().empty());
+    EXPECT_TRUE(visible<ZRCustomWindow>().empty());
+}
+
+TEST_F(Ribbon, SwitchesTheMosaic)
+{
+    open("mosic");
+    actions.taken();
+    click(visible<ZRScreenShotToolbarItem>().back());
+    EXPECT_EQ(actions.taken(), QStringList(QStringLiteral("mosaic")));
+}
+
+TEST_F(Ribbon, GoesWithItsOverlay)
+{
+    auto other = std::make_unique<View>();
+    other->resize(800, 600);
+    auto* item = new View(other.get());
+    item->setGeometry(300, 300, 32, 32);
+    other->show();
+    ribbon.popupToolbarWithControlID(QStringLiteral("text"), *item, 1, actions);
+    EXPECT_TRUE(ribbon.isOpen());
+    other.reset();
+    EXPECT_FALSE(ribbon.isOpen());
+    ribbon.close();
+}

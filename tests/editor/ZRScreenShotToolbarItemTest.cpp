@@ -1,0 +1,183 @@
+#include "editor/ZRScreenShotToolbarItem.h"
+
+#include "editor/ScreenShotToolbarItem.h"
+#include "editor/ZRLineWidthControlItem.h"
+#include "editor/ZRToolTips.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QColor kHighlight(206, 224, 255);
+
+// A white window of 200x100 points.
+struct Stage {
+    Stage()
+    {
+        window.resize(200, 100);
+        window.show();
+    }
+    template <class Button>
+    void add(Button& button)
+    {
+        button.setParent(&window);
+        button.setGeometry(0, 0, 32, 32);
+        button.onAction = [this] { ++clicks; };
+        button.show();
+    }
+    QImage picture(QWidget& button)
+    {
+        QImage image(32, 32, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        button.render(&image, {}, {}, QWidget::DrawChildren);
+        return image;
+    }
+    ZRMouseEvent inside() const { return {{10, 90}, Qt::LeftButton}; }
+    ZRMouseEvent outside() const { return {{90, 90}, Qt::LeftButton}; }
+
+    View window;
+    int clicks = 0;
+};
+
+// A tooltip that is to come or that shows.
+bool hasTooltip()
+{
+    return ZRToolTips::sharedTooltipsWindow() != nullptr;
+}
+
+}
+
+TEST(ZRScreenShotToolbarItem, IsHighlightedWhileItIsOn)
+{
+    Stage stage;
+    ZRScreenShotToolbarItem item;
+    stage.add(item);
+    item.updateImage(QStringLiteral("save"));
+    const QColor off = stage.picture(item).pixelColor(16, 2);
+    EXPECT_NE(off, kHighlight);
+    item.setState(true);
+    EXPECT_EQ(stage.picture(item).pixelColor(16, 2), kHighlight);
+    item.updateImage(QStringLiteral("copy"));
+    EXPECT_FALSE(item.state());
+    EXPECT_EQ(stage.picture(item).pixelColor(16, 2), off);
+}
+
+TEST(ZRScreenShotToolbarItem, KeepsItsHoverAfterAClickAsAColourItem)
+{
+    for (const bool isColorItem : {true, false}) {
+        SCOPED_TRACE(isColorItem);
+        Stage stage;
+        ZRScreenShotToolbarItem item;
+        stage.add(item);
+        item.setColorItem(isColorItem);
+        item.mouseUp(stage.inside());
+        EXPECT_EQ(item.isMouseInside(), isColorItem);
+        EXPECT_EQ(stage.clicks, 1);
+    }
+}
+
+TEST(ZRScreenShotToolbarItem, ShowsATooltipWhereItHasOne)
+{
+    for (const char* text : {"Save", ""}) {
+        SCOPED_TRACE(text);
+        Stage stage;
+        ZRScreenShotToolbarItem item;
+        stage.add(item);
+        item.setToolTip(QLatin1String(text));
+        item.mouseEntered();
+        EXPECT_EQ(hasTooltip(), *text != 0);
+        item.mouseExited();
+        EXPECT_FALSE(hasTooltip());
+    }
+}
+
+TEST(ScreenShotToolbarItem, KeepsItsStateItself)
+{
+    struct Case {
+        const char* what;
+        bool hasID, isSelected, isReleasedInside;
+        const char *afterRelease, *afterLeaving;
+        int clicks;
+    };
+    const Case cases[] = {
+        {"a plain one", false, false, true, "save-normal", "save-normal", 1},
+        {"one with an identifier", true, false, true, "save-down", "save-normal", 1},
+        {"a selected one", true, true, true, "save-down", "save-down", 1},
+        {"released outside", true, false, false, "save-normal", "save-normal", 0},
+    };
+    const auto image = [](const char* name) {
+        ScreenShotToolbarItem plain;
+        plain.resize(32, 32);
+        plain.setImage(QLatin1String(name));
+        Stage stage;
+        return stage.picture(plain);
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        Stage stage;
+        ScreenShotToolbarItem item;
+        item.updateNormalImage(
+            QStringLiteral("save-normal"), QStringLiteral("save-hover"), QStringLiteral("save-down"));
+        item.setControlID(c.hasID ? QStringLiteral("id") : QString());
+        item.setIsSelected(c.isSelected);
+        stage.add(item);
+        item.mouseEntered();
+        EXPECT_EQ(stage.picture(item), image(c.isSelected ? "save-down" : "save-hover"));
+        item.mouseDown(stage.inside());
+        EXPECT_EQ(stage.picture(item), image("save-down"));
+        item.mouseUp(c.isReleasedInside ? stage.inside() : stage.outside());
+        EXPECT_EQ(stage.picture(item), image(c.afterRelease));
+        EXPECT_EQ(stage.clicks, c.clicks);
+        item.mouseExited();
+        EXPECT_EQ(stage.picture(item), image(c.afterLeaving));
+    }
+}
+
+TEST(ZRLineWidthControlItem, StaysPressedWhileItIsSelected)
+{
+    for (const bool isSelected : {false, true}) {
+        SCOPED_TRACE(isSelected);
+        Stage stage;
+        ZRLineWidthControlItem item(QStringLiteral("4pxDot-normal"), QStringLiteral("4pxDot-hover"),
+            QStringLiteral("4pxDot-down"), {});
+        stage.add(item);
+        item.setIsSelected(isSelected);
+        item.mouseEntered();
+        EXPECT_EQ(item.isPressed(), isSelected);
+        item.mouseDown(stage.inside());
+        EXPECT_TRUE(item.isPressed());
+        item.mouseUp(stage.inside());
+        EXPECT_EQ(stage.clicks, 1);
+        item.mouseExited();
+        EXPECT_EQ(item.isPressed(), isSelected);
+    }
+}
+
+TEST(ZRToolTips, StandsAtThePointerAndTakesNoEvents)
+{
+    Stage stage;
+    QCursor::setPos(stage.window.mapToGlobal(QPoint(190, 60)));
+    ZRToolTips::setToolTips(QStringLiteral("Some text"));
+    ZRToolTips::showToolTips(stage.window);
+    ZRToolTips* tooltip = ZRToolTips::sharedTooltipsWindow();
+    EXPECT_FALSE(tooltip->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tooltip->isVisible(); }));
+    EXPECT_EQ(tooltip->geometry().right() + 1, 200 - 5) << "short of the right edge";
+    EXPECT_EQ(tooltip->geometry().bottom() + 1, 60) << "above the pointer";
+    EXPECT_EQ(stage.window.childAt(180, 50), nullptr);
+    ZRToolTips::hiddenToolTips();
+    EXPECT_FALSE(hasTooltip());
+}
+
+TEST(ZRToolTips, OneThatIsGoneNeverComes)
+{
+    Stage stage;
+    ZRToolTips::setToolTips(QStringLiteral("Some text"));
+    ZRToolTips::showToolTips(stage.window);
+    ZRToolTips::hiddenToolTips();
+    QTest::qWait(300);
+    for (const auto* child : stage.window.findChildren<QWidget*>())
+        EXPECT_FALSE(child->isVisible());
+}
