@@ -2,6 +2,7 @@
 
 #include "platform/KeyPosition.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -14,9 +15,12 @@ struct Equivalent {
     With with;
     OverlayAction action;
 };
-constexpr std::array<Equivalent, 10> kEquivalents{{
+constexpr std::array<Equivalent, 14> kEquivalents{{
     {Qt::Key_Escape, 53, With::Anything, OverlayAction::Cancel},
+    {Qt::Key_R, 15, With::Command, OverlayAction::Cancel},
     {Qt::Key_S, 1, With::Command, OverlayAction::Save},
+    {Qt::Key_Return, 36, With::Nothing, OverlayAction::Save},
+    {Qt::Key_Enter, 76, With::Nothing, OverlayAction::Save},
     {Qt::Key_C, 8, With::Command, OverlayAction::Copy},
     {Qt::Key_P, 35, With::Command, OverlayAction::Pin},
     {Qt::Key_C, 8, With::Nothing, OverlayAction::CopyColour},
@@ -25,7 +29,11 @@ constexpr std::array<Equivalent, 10> kEquivalents{{
     {Qt::Key_Y, 16, With::Command, OverlayAction::Redo},
     {Qt::Key_Backspace, 51, With::Nothing, OverlayAction::Delete},
     {Qt::Key_Delete, 117, With::Nothing, OverlayAction::Delete},
+    {Qt::Key_A, 0, With::Command, OverlayAction::TakeWholeDisplay},
 }};
+
+// The keys 1 to 9 of the upper row, as macOS virtual key codes.
+constexpr std::array<quint32, 9> kDigitPositions{18, 19, 20, 21, 23, 22, 26, 28, 25};
 
 struct Arrow {
     Qt::Key key;
@@ -78,6 +86,19 @@ OverlayAction overlayAction(const QKeyEvent& event)
         if (isPressed(e, event) && isWith(e.with, chord(event)))
             return e.action;
     return OverlayAction::None;
+}
+
+// Some layouts make digits with Shift only, so the position counts as well.
+std::optional<int> toolDigit(const QKeyEvent& event)
+{
+    if (chord(event) != Qt::NoModifier)
+        return std::nullopt;
+    if (event.key() >= Qt::Key_1 && event.key() <= Qt::Key_9)
+        return event.key() - Qt::Key_0;
+    const auto found = std::find(kDigitPositions.begin(), kDigitPositions.end(), keyPosition(event));
+    if (found == kDigitPositions.end())
+        return std::nullopt;
+    return int(found - kDigitPositions.begin()) + 1;
 }
 
 std::optional<ArrowStep> arrowStep(const QKeyEvent& event)

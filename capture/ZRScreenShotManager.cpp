@@ -9,6 +9,7 @@
 #include "capture/ZRStaticScreenShotWindow.h"
 #include "commonutils/CommLog.h"
 #include "editor/ZRScreenShotSetting.h"
+#include "editor/ZRScreenShotToolbarItem.h"
 #include "output/ZRLocalNotificationCenter.h"
 #include "settings/AppSettings.h"
 
@@ -305,7 +306,7 @@ std::unique_ptr<ZRStaticScreenShotWindow> ZRScreenShotManager::initScreenShotEdi
     m_preparedWindow.reset();
     mScreenShotEditorWindow->setMManager(this);
     mScreenShotEditorWindow->setFrame(m_frame);
-    mScreenShotController.setView(&mScreenShotEditorWindow->backView());
+    mScreenShotController.setOverlay(*mScreenShotEditorWindow);
     mScreenShotController.updateSelectedRegionRect({});
     initGraffitManager();
     m_candidates = WindowRules::candidates(windowInfos, m_frame->display());
@@ -498,21 +499,29 @@ void ZRScreenShotManager::keyDown(const QKeyEvent& event)
     case OverlayAction::Delete:
         edit(action);
         break;
+    case OverlayAction::TakeWholeDisplay:
+        mScreenShotController.changeTheScreenshotRegionToFullScreen();
+        break;
     case OverlayAction::None:
+        pressToolByKey(event);
         moveRegionByKey(event);
         break;
     }
     m_isEndedByKey = m_isEndedByKey && m_isEnding;
 }
 
+void ZRScreenShotManager::pressToolByKey(const QKeyEvent& event)
+{
+    if (const auto digit = toolDigit(event); digit && !event.isAutoRepeat())
+        mScreenShotController.pressTool(*digit);
+}
+
 void ZRScreenShotManager::edit(OverlayAction action)
 {
-    if (!mGraffitManager)
-        return;
     if (action == OverlayAction::Undo)
-        mGraffitManager->undoDrawView();
+        undoDrawView();
     else if (action == OverlayAction::Redo)
-        mGraffitManager->goForwardDrawView();
+        goForwardDrawView();
     else
         deleteFromBackSpace();
     keepCapture();
@@ -525,14 +534,30 @@ QImage ZRScreenShotManager::getCurrentImageFromTheRegion(ZRRect rect) const
 
 ZREditorView* ZRScreenShotManager::editorAt(ZRPoint location) const
 {
-    if (m_isEnding || !isToolArmed() || !mScreenShotController.regionRect().contains(middleOfPixel(location)))
+    const bool isOverRegion = mScreenShotController.regionRect().contains(middleOfPixel(location));
+    if (m_isEnding || !mGraffitManager || !mScreenShotController.isUseGraffitInNeed() || !isOverRegion)
         return nullptr;
     return mGraffitManager->editorView();
 }
 
-bool ZRScreenShotManager::isToolArmed() const
+void ZRScreenShotManager::changeSelectedItem()
 {
-    return mGraffitManager && !mGraffitManager->graffitID().isNull();
+    const ZRScreenShotToolbarItem* item = ZRScreenShotSetting::selectedScreenshotToolbarItem();
+    updateGraffitID(item ? item->controlID() : QString());
+}
+
+void ZRScreenShotManager::cancelEdite()
+{
+    mDirection = 0;
+    clearFocusOnGraffitView();
+    updateGraffitID({});
+}
+
+void ZRScreenShotManager::changeTheScreenshotRegionToFullScreen()
+{
+    ZRScreenShotSetting::clear();
+    initGraffitManager();
+    adaptGraffitView();
 }
 
 void ZRScreenShotManager::updateGraffitID(const QString& id)
@@ -579,6 +604,18 @@ void ZRScreenShotManager::goBackDrawView()
     keepCapture();
 }
 
+void ZRScreenShotManager::undoDrawView()
+{
+    if (mGraffitManager)
+        mGraffitManager->undoDrawView();
+}
+
+void ZRScreenShotManager::goForwardDrawView()
+{
+    if (mGraffitManager)
+        mGraffitManager->goForwardDrawView();
+}
+
 void ZRScreenShotManager::deleteFromBackSpace()
 {
     if (mGraffitManager)
@@ -614,6 +651,7 @@ void ZRScreenShotManager::_updateDragPoint(ZRPoint point)
     }
     if (mDirection == RegionRules::kBody && !RegionRules::isWithinReach(region, mRegionBeginPoint))
         return;
+    mScreenShotController.showToolbar(false);
     mScreenShotController.updateSelectedRegionRect(changedRegion(region, point));
     mRegionBeginPoint = point;
     adaptGraffitView();
@@ -633,6 +671,7 @@ void ZRScreenShotManager::moveRegionByKey(const QKeyEvent& event)
     const auto changed = step->isResize ? RegionRules::stretched : RegionRules::nudged;
     mScreenShotController.updateSelectedRegionRect(
         display.localRect(changed(region, step->by, display.pixels.size())));
+    mScreenShotController.showToolbar(true);
     adaptGraffitView();
     keepCapture();
 }

@@ -67,10 +67,15 @@ public:
     // The editor of the fixed region, while a tool is armed and a location of the overlay is over the region;
     // else null.
     ZREditorView* editorAt(ZRPoint location) const;
-    // Whether presses on the region belong to an annotation tool.
-    bool isToolArmed() const;
-    // Arms a tool, or none with a null identifier; nothing outside of a region capture.
-    void updateGraffitID(const QString& id);
+    // Arms the tool of the selected item.
+    void changeSelectedItem();
+    // No tool, no selected annotation.
+    void cancelEdite();
+    // New annotations over the region that has become the whole display.
+    void changeTheScreenshotRegionToFullScreen();
+    // Puts the texts of the present language on what is shown.
+    void changeText() { mScreenShotController.changeText(); }
+    ZRSize overlaySize() const; // points
     // The frozen pixels with the annotations; `pixels` of the display, inside it. Null without annotations.
     QImage annotatedImage(const QRect& pixels) const;
     // Hand the running capture's style on to its annotations.
@@ -80,6 +85,8 @@ public:
     // The annotations' own operations; nothing outside of a region capture.
     bool isCanRevoke() const;
     void goBackDrawView();
+    void undoDrawView();
+    void goForwardDrawView();
     void deleteFromBackSpace();
     void clearFocusOnGraffitView();
 
@@ -125,6 +132,8 @@ private:
     void initGraffitManager();
     void adaptGraffitView();
     void edit(OverlayAction action);
+    void updateGraffitID(const QString& id);
+    void pressToolByKey(const QKeyEvent& event);
 
     void _updateWindowInfoWithMouseLocation(ZRPoint point);
     ZRPoint middleOfPixel(ZRPoint corner) const;
@@ -138,7 +147,6 @@ private:
     void _updateDragPoint(ZRPoint point);
     void _endRegionSelect();
     ZRRect changedRegion(ZRRect region, ZRPoint point);
-    ZRSize overlaySize() const; // points
     void moveRegionByKey(const QKeyEvent& event);
     void updateCursor(ZRPoint point);
     void setCursor(Qt::CursorShape shape);

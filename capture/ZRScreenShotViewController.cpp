@@ -7,7 +7,17 @@
 #include "capture/ZRMagnifierView.h"
 #include "capture/ZRScreenShotManager.h"
 #include "capture/ZRScreenshotCursorView.h"
+#include "capture/ZRStaticScreenShotWindow.h"
 #include "commonutils/CommLog.h"
+#include "editor/PlacementRules.h"
+#include "editor/ZRColorControlItem.h"
+#include "editor/ZRFontSelectView.h"
+#include "editor/ZRGraffitSizeControlToolbar.h"
+#include "editor/ZRScreenShotGraffitToolbar.h"
+#include "editor/ZRScreenShotSetting.h"
+#include "editor/ZRScreenShotShareToolbar.h"
+#include "editor/ZRScreenShotToolbarItem.h"
+#include "editor/ZRToolTips.h"
 #include "output/ZRBasicLocalNotification.h"
 #include "output/ZRImageShowWindow.h"
 #include "output/ZRLocalNotificationCenter.h"
@@ -17,6 +27,7 @@
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -29,12 +40,14 @@ constexpr int kNominalResolution = 16; // the quality setting that asks for one 
 ZRScreenShotViewController::ZRScreenShotViewController() = default;
 ZRScreenShotViewController::~ZRScreenShotViewController() = default;
 
-void ZRScreenShotViewController::setView(ScreenShotBackView* view)
+void ZRScreenShotViewController::setOverlay(ZRStaticScreenShotWindow& overlay)
 {
-    m_view = view;
-    mRegionSizeView = &view->regionSizeView();
-    mMagnifierView = &view->magnifierView();
-    mCrossView = &view->crossView();
+    m_view = &overlay.backView();
+    mRegionSizeView = &m_view->regionSizeView();
+    mMagnifierView = &m_view->magnifierView();
+    mCrossView = &m_view->crossView();
+    mGraffitToolbar = &overlay.graffitToolbar();
+    mShareToolbar = &overlay.shareToolbar();
 }
 
 void ZRScreenShotViewController::initialize()
@@ -46,10 +59,16 @@ void ZRScreenShotViewController::initialize()
         return;
     m_view->setDrawResizeButton(true);
     m_view->setDrawRegionBorder(true);
+    mGraffitToolbar->setScreenShotViewController(this);
+    mShareToolbar->setScreenShotViewController(this);
+    mGraffitToolbar->initialize();
+    mShareToolbar->initialize();
+    showToolbar(false);
 }
 
 void ZRScreenShotViewController::clear()
 {
+    ZRToolTips::hiddenToolTips();
     if (m_view) {
         m_view->clear();
         mRegionSizeView->clear();
@@ -75,6 +94,7 @@ void ZRScreenShotViewController::regionLock()
     }
     m_view->updateSelectedRegionRect();
     mRegionSizeView->updateRegionSzie(m_view->regionRect());
+    showToolbar(mIsRegionLocked);
 }
 
 void ZRScreenShotViewController::updateSelectedRegionRect(ZRRect rect)
@@ -130,7 +150,115 @@ void ZRScreenShotViewController::setIsDragView(bool isDragged)
 
 bool ZRScreenShotViewController::isUseGraffitInNeed() const
 {
-    return mManager->isToolArmed();
+    return mGraffitToolbar && mGraffitToolbar->isUseGraffitInNeed();
+}
+
+void ZRScreenShotViewController::showToolbar(bool show)
+{
+    if (!mGraffitToolbar || !mShareToolbar)
+        return;
+    mGraffitToolbar->showToolbar(show, regionRect());
+    mShareToolbar->showToolbar(show, regionRect());
+    const PlacementRules::Toolbars apart = PlacementRules::apart(
+        regionRect(), {mGraffitToolbar->frame(), mShareToolbar->frame()}, mManager->overlaySize());
+    mGraffitToolbar->setFrameOrigin(apart.drawing.origin());
+    mShareToolbar->setFrameOrigin(apart.output.origin());
+}
+
+void ZRScreenShotViewController::changeText()
+{
+    if (mGraffitToolbar)
+        mGraffitToolbar->changeText();
+    if (mShareToolbar)
+        mShareToolbar->changeText();
+}
+
+void ZRScreenShotViewController::closeToolbars()
+{
+    ZRToolTips::hiddenToolTips();
+    if (mGraffitToolbar)
+        mGraffitToolbar->close();
+    if (mShareToolbar)
+        mShareToolbar->close();
+}
+
+void ZRScreenShotViewController::pressTool(int digit)
+{
+    if (mGraffitToolbar)
+        mGraffitToolbar->pressTool(digit);
+}
+
+// Kept: the annotations begin anew.
+void ZRScreenShotViewController::changeTheScreenshotRegionToFullScreen()
+{
+    if (!mIsRegionLocked)
+        return;
+    const ZRSize size = mManager->overlaySize();
+    updateSelectedRegionRect({0, 0, size.width, size.height});
+    closeToolbars();
+    m_view->setDrawResizeButton(true);
+    showToolbar(true);
+    mManager->changeTheScreenshotRegionToFullScreen();
+}
+
+bool ZRScreenShotViewController::isOffered(OutputItem item) const
+{
+    constexpr std::array kOffered{OutputItem::Save, OutputItem::Copy, OutputItem::Pin, OutputItem::Cancel};
+    return std::find(kOffered.begin(), kOffered.end(), item) != kOffered.end();
+}
+
+void ZRScreenShotViewController::changeNewSelectedItem(Item& item)
+{
+    if (item.parentWidget() != mGraffitToolbar)
+        return mShareToolbar->changeSelectedItem(&item);
+    mGraffitToolbar->changeSelectedItem(&item);
+    m_view->setDrawResizeButton(!item.state());
+    if (!item.state()) {
+        ZRScreenShotSetting::clear();
+        return mManager->cancelEdite();
+    }
+    ZRScreenShotSetting::setSelectedScreenshotToolbarItem(&item);
+    mManager->changeSelectedItem();
+}
+
+void ZRScreenShotViewController::addCancelToScreenshot(Item&)
+{
+    mManager->undoDrawView();
+}
+
+void ZRScreenShotViewController::addForwardToScreenshot(Item&)
+{
+    mManager->goForwardDrawView();
+}
+
+void ZRScreenShotViewController::graffitLineWidthChnage(Item& item)
+{
+    if (item.superController())
+        item.superController()->changeSelectedLineWithItem(&item);
+    ZRScreenShotSetting::setSelectedLineWidth(item.lineWidth());
+    mManager->changeLineWidth();
+}
+
+void ZRScreenShotViewController::graffitMosicWidthChnage(Item& item)
+{
+    mGraffitToolbar->changeMosicItem();
+    const Item* tool = ZRScreenShotSetting::selectedScreenshotToolbarItem();
+    const bool isBlur = tool && tool->controlID() == QStringLiteral("blur");
+    item.updateImage(isBlur ? QStringLiteral("blur") : QStringLiteral("mosaic"));
+    AppSettings::saveMosicModel(!isBlur);
+    mManager->changeSelectedItem();
+}
+
+void ZRScreenShotViewController::graffitColorChange(ZRColorControlItem& item)
+{
+    ZRScreenShotSetting::setSelectedColor(item.selectColor());
+    mManager->changeDrawColor();
+}
+
+void ZRScreenShotViewController::graffitFontSizeChange(ZRFontSelectView& view)
+{
+    ZRScreenShotSetting::setSelectedFontSize(view.fontSize());
+    mManager->changeTextFont();
 }
 
 void ZRScreenShotViewController::saveRegionShotToLocalFromhotKey()
@@ -184,6 +312,7 @@ void ZRScreenShotViewController::cancelRegionScreenShot()
 
 void ZRScreenShotViewController::_stopScreenShot()
 {
+    closeToolbars();
     mManager->stopScreenShot();
 }
 

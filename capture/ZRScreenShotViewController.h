@@ -3,6 +3,7 @@
 #include "capture/CaptureOutcome.h"
 #include "capture/PictureJobs.h"
 #include "capture/PixelSample.h"
+#include "editor/ScreenshotActions.h"
 #include "geometry/ZRRect.h"
 #include "output/PinRules.h"
 
@@ -17,19 +18,24 @@ class RegionSizeView;
 class ScreenShotBackView;
 class ZRImageShowWindow;
 class ZRMagnifierView;
+class ZRScreenShotGraffitToolbar;
 class ZRScreenShotManager;
+class ZRScreenShotShareToolbar;
+class ZRStaticScreenShotWindow;
 class ZRScreenshotCursorView;
 
-// What the overlay shows over the frozen display, the state of the selected region, and the way of a fixed
-// region to a file. One for the program's life; the view is the running capture's. Overlay points.
-class ZRScreenShotViewController : public QObject {
+// What the overlay shows over the frozen display, the state of the selected region, what the toolbars start,
+// and the way of a fixed region to a file. One for the program's life; views and toolbars are the running
+// capture's. Overlay points.
+class ZRScreenShotViewController : public QObject, public ScreenshotActions {
 public:
     ZRScreenShotViewController();
     ~ZRScreenShotViewController() override;
 
     void setScreenshotManager(ZRScreenShotManager* manager) { mManager = manager; } // not owned
-    // The running capture's view, owned by its overlay, with the size label, magnifier and crosshair in it.
-    void setView(ScreenShotBackView* view);
+    // The running capture's overlay, which owns the view with size label, magnifier and crosshair, and the
+    // toolbars.
+    void setOverlay(ZRStaticScreenShotWindow& overlay);
     // Makes the controller ready for a new selection on its view.
     void initialize();
     // The capture is over: no region, window recognition on for the next one.
@@ -55,6 +61,37 @@ public:
     // Whether an annotation tool takes the presses on the region.
     bool isUseGraffitInNeed() const;
 
+    // Both toolbars beside the region, apart from each other, or neither.
+    void showToolbar(bool show);
+    // Puts the texts of the present language on what is shown.
+    void changeText();
+    void closeToolbars();
+    // The tool that a digit stands for, as if its item had been clicked; nothing without toolbars.
+    void pressTool(int digit);
+    void changeTheScreenshotRegionToFullScreen();
+
+    bool isOffered(OutputItem item) const override;
+    void saveRegionShotToLocal(Item&) override { _saveRegionShotToLocal(); }
+    void saveToPasteboard(Item&) override { _saveToPasteboard(); }
+    void DisplacementScreenShot(Item&) override { screenshotShowImageWindow(); }
+    void reSelectScreenshotRegion(Item&) override { cancelRegionScreenShot(); }
+    void reSharedScreenshotRegion(Item& item) override { changeNewSelectedItem(item); }
+    void addCustomLineToScreenshot(Item& item) override { changeNewSelectedItem(item); }
+    void addHighlightToScreenshot(Item& item) override { changeNewSelectedItem(item); }
+    void addLineToScreenshot(Item& item) override { changeNewSelectedItem(item); }
+    void addArrowToScreenshot(Item& item) override { changeNewSelectedItem(item); }
+    void addFontToScreenshot(Item& item) override { changeNewSelectedItem(item); }
+    void addSquareToScreenshot(Item& item) override { changeNewSelectedItem(item); }
+    void addBlurToScreenshot(Item& item) override { changeNewSelectedItem(item); }
+    void addCircleToScreenshot(Item& item) override { changeNewSelectedItem(item); }
+    void addRubberToScreenShot(Item& item) override { changeNewSelectedItem(item); }
+    void addCancelToScreenshot(Item& item) override;
+    void addForwardToScreenshot(Item& item) override;
+    void graffitLineWidthChnage(Item& item) override;
+    void graffitMosicWidthChnage(Item& item) override;
+    void graffitColorChange(ZRColorControlItem& item) override;
+    void graffitFontSizeChange(ZRFontSelectView& view) override;
+
     // Each output action works on a fixed region only and ends the capture.
     void saveRegionShotToLocalFromhotKey();
     void saveToPasteboardFromhotKey();
@@ -70,6 +107,8 @@ public:
         const QString& title, const QString& messageBoddy, std::function<void()> reveal = nullptr);
 
 private:
+    // The selection that goes with a click on an item. An output item leaves the armed tool as it is.
+    void changeNewSelectedItem(Item& item);
     void _saveRegionShotToLocal();
     void _saveToPasteboard();
     // The picture of the fixed region by value; the capture takes no further input.
@@ -93,6 +132,8 @@ private:
     QPointer<RegionSizeView> mRegionSizeView;
     QPointer<ZRMagnifierView> mMagnifierView;
     QPointer<ZRScreenshotCursorView> mCrossView;
+    QPointer<ZRScreenShotGraffitToolbar> mGraffitToolbar;
+    QPointer<ZRScreenShotShareToolbar> mShareToolbar;
     PixelSample m_sample; // what the magnifier shows
     PictureJobs m_jobs;
     std::vector<std::unique_ptr<ZRImageShowWindow>> imageWindowLists; // pinned and not closed yet

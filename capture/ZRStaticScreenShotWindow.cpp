@@ -4,10 +4,14 @@
 #include "capture/ZREventView.h"
 #include "capture/ZRScreenShotManager.h"
 #include "editor/ZREditorView.h"
+#include "editor/ZRScreenShotGraffitToolbar.h"
+#include "editor/ZRScreenShotShareToolbar.h"
 
 ZRStaticScreenShotWindow::ZRStaticScreenShotWindow(const DisplayRecord& display)
     : ScreenCoverWindow(display, QStringLiteral("Lumora Capture"))
     , m_backView(new ScreenShotBackView(this))
+    , m_graffitToolbar(new ZRScreenShotGraffitToolbar(this))
+    , m_shareToolbar(new ZRScreenShotShareToolbar(this))
 {
     addLayer(*m_backView);
     m_backView->coverDisplay(display);

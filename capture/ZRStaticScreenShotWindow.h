@@ -4,16 +4,21 @@
 
 class ScreenShotBackView;
 class ZREditorView;
+class ZRScreenShotGraffitToolbar;
 class ZRScreenShotManager;
+class ZRScreenShotShareToolbar;
 
 // The overlay of a capture: hands every event to the manager. Its layers between the frozen picture and the
 // event layer: the annotations, which are opaque where they are painted, and above them the view controller's
-// view with mask, border and what must stay in sight.
+// view with mask, border and what must stay in sight. Above the event layer stand the toolbars and what opens
+// from them; they get their events themselves.
 class ZRStaticScreenShotWindow : public ScreenCoverWindow {
 public:
     explicit ZRStaticScreenShotWindow(const DisplayRecord& display);
 
     ScreenShotBackView& backView() const { return *m_backView; }
+    ZRScreenShotGraffitToolbar& graffitToolbar() const { return *m_graffitToolbar; }
+    ZRScreenShotShareToolbar& shareToolbar() const { return *m_shareToolbar; }
     void setMManager(ZRScreenShotManager* manager) { mManager = manager; } // not owned
     ZRScreenShotManager* getMManager() const { return mManager; }
 
@@ -33,5 +38,7 @@ public:
 
 private:
     ScreenShotBackView* m_backView = nullptr;
+    ZRScreenShotGraffitToolbar* m_graffitToolbar = nullptr;
+    ZRScreenShotShareToolbar* m_shareToolbar = nullptr;
     ZRScreenShotManager* mManager = nullptr;
 };

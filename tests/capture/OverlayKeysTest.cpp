@@ -16,7 +16,13 @@ TEST(OverlayKeys, CommandAndControlMeanTheSame)
         {Qt::Key_S, Qt::MetaModifier, OverlayAction::Save},
         {Qt::Key_S, Qt::NoModifier, OverlayAction::None},
         {Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier, OverlayAction::None},
-        {Qt::Key_A, Qt::ControlModifier, OverlayAction::None},
+        {Qt::Key_A, Qt::ControlModifier, OverlayAction::TakeWholeDisplay},
+        {Qt::Key_A, Qt::NoModifier, OverlayAction::None},
+        {Qt::Key_R, Qt::ControlModifier, OverlayAction::Cancel},
+        {Qt::Key_R, Qt::NoModifier, OverlayAction::None},
+        {Qt::Key_Return, Qt::NoModifier, OverlayAction::Save},
+        {Qt::Key_Enter, Qt::KeypadModifier, OverlayAction::Save},
+        {Qt::Key_Return, Qt::ShiftModifier, OverlayAction::None},
         {Qt::Key_Z, Qt::ControlModifier, OverlayAction::Undo},
         {Qt::Key_Z, Qt::MetaModifier, OverlayAction::Undo},
         {Qt::Key_Z, Qt::NoModifier, OverlayAction::None},
@@ -38,14 +44,39 @@ TEST(OverlayKeys, CommandAndControlMeanTheSame)
     }
 }
 
+TEST(OverlayKeys, DigitsChooseTools)
+{
+    struct Case {
+        const char* what;
+        int key;
+        Qt::KeyboardModifiers modifiers;
+        quint32 keycode; // of X
+        std::optional<int> digit;
+    };
+    const Case cases[] = {
+        {"1", Qt::Key_1, Qt::NoModifier, 10, 1},
+        {"9", Qt::Key_9, Qt::NoModifier, 18, 9},
+        {"9 of the keypad", Qt::Key_9, Qt::KeypadModifier, 81, 9},
+        {"0", Qt::Key_0, Qt::NoModifier, 19, std::nullopt},
+        {"6 of a layout with accents there", Qt::Key_Minus, Qt::NoModifier, 15, 6},
+        {"5 by the positions before", Qt::Key_ParenLeft, Qt::NoModifier, 14, 5},
+        {"with Control", Qt::Key_1, Qt::ControlModifier, 10, std::nullopt},
+        {"a letter", Qt::Key_A, Qt::NoModifier, 38, std::nullopt},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        EXPECT_EQ(toolDigit(QKeyEvent(QEvent::KeyPress, c.key, c.modifiers, c.keycode, 0, 0)), c.digit);
+    }
+}
+
 TEST(OverlayKeys, FollowThePositionWhereTheLayoutHasNoLatinLetters)
 {
-    constexpr quint32 kPositionOfS = 39, kPositionOfA = 38; // X keycodes
+    constexpr quint32 kPositionOfS = 39, kPositionOfD = 40; // X keycodes
     const auto pressed = [](int key, quint32 keycode) {
         return overlayAction(QKeyEvent(QEvent::KeyPress, key, Qt::ControlModifier, keycode, 0, 0));
     };
     EXPECT_EQ(pressed(0x42b, kPositionOfS), OverlayAction::Save) << "a Cyrillic letter";
-    EXPECT_EQ(pressed(0x444, kPositionOfA), OverlayAction::None);
+    EXPECT_EQ(pressed(0x444, kPositionOfD), OverlayAction::None);
     EXPECT_EQ(pressed(Qt::Key_O, kPositionOfS), OverlayAction::None) << "a Latin layout decides by letter";
 }
 

@@ -1,23 +1,30 @@
 #include "tests/desktop/ProgramTest.h"
+#include "tests/desktop/Toolbars.h"
+
+#include <QPainter>
 
 namespace {
 
-constexpr QRect kRegion{101, 77, 1000, 640};
-constexpr QPoint kNowhere(1060, 690); // on the region, where no test draws
+constexpr QRect kRegion{101, 52, 1000, 500}; // leaves room for toolbars and ribbon below
+constexpr QPoint kNowhere(1060, 525);        // on the region, where no test draws
+
+enum Tool { kRectangle = 1, kEllipse, kArrow, kLine, kPencil, kHighlighter, kText, kBlur, kEraser };
+enum Width { kThin, kMedium, kThick };
+enum Color { kGreen = 3, kRed = 18 }; // places in the palette
 
 struct Drawing {
-    const char* tool;
+    int tool; // its digit
     QPoint from, to;
     QPoint grip; // where a press takes the whole of it, whatever its width
     QRect cell;  // holds all that is drawn
 };
 constexpr Drawing kDrawings[] = {
-    {"square", {180, 140}, {330, 230}, {220, 140}, {150, 110, 220, 160}},
-    {"eillpse", {450, 140}, {610, 230}, {582, 156}, {410, 110, 240, 160}},
-    {"arrow", {740, 240}, {930, 150}, {835, 195}, {700, 110, 280, 160}},
-    {"customLine", {180, 400}, {330, 475}, {230, 425}, {150, 360, 220, 160}},
-    {"light", {460, 400}, {610, 475}, {510, 425}, {410, 360, 240, 160}},
-    {"line", {740, 480}, {930, 390}, {835, 435}, {700, 360, 280, 160}},
+    {kRectangle, {180, 110}, {330, 200}, {220, 110}, {150, 80, 220, 160}},
+    {kEllipse, {450, 110}, {610, 200}, {582, 126}, {410, 80, 240, 160}},
+    {kArrow, {740, 210}, {930, 120}, {835, 165}, {700, 80, 280, 160}},
+    {kPencil, {180, 360}, {330, 435}, {230, 385}, {150, 320, 220, 160}},
+    {kHighlighter, {460, 360}, {610, 435}, {510, 385}, {410, 320, 240, 160}},
+    {kLine, {740, 440}, {930, 350}, {835, 395}, {700, 320, 280, 160}},
 };
 
 // The smallest rectangle around the pixels in which two pictures differ.
@@ -48,23 +55,31 @@ protected:
     void SetUp() override
     {
         EachDesktopTest::SetUp();
-        m_program.setEnvironment(QStringLiteral("LUMORA_DEVELOPER"), QStringLiteral("1"));
         m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale()));
         ASSERT_TRUE(m_program.startResident());
         ASSERT_TRUE(openOverlay());
         m_desktop.input().drag(kRegion.topLeft(), kRegion.bottomRight() + QPoint(1, 1));
-        m_empty = m_desktop.settledScreen();
+        m_empty = screen();
     }
 
     static int scale() { return GetParam() ? 1 : 2; }
-    bool arm(const char* tool, QStringList style = {})
+    Toolbars toolbars() const { return {m_before.rect(), double(scale()), kRegion}; }
+    void arm(int tool)
     {
-        return m_program.run(QStringList{QStringLiteral("tool"), QLatin1String(tool)} + style).exitCode == 0;
+        if (tool != m_tool)
+            clickAt(toolbars().tool(tool));
+        m_tool = tool;
+    }
+    // In the ribbon of the armed tool, by the digits of Toolbars.
+    void style(int width, int color)
+    {
+        clickAt(toolbars().lineWidth(m_tool, width));
+        clickAt(toolbars().color(m_tool, color));
     }
     void drag(QPoint from, QPoint to) { m_desktop.input().drag(from, to); }
     void draw(const Drawing& drawing)
     {
-        ASSERT_TRUE(arm(drawing.tool));
+        arm(drawing.tool);
         drag(drawing.from, drawing.to);
     }
     void clickAt(QPoint point)
@@ -76,7 +91,13 @@ protected:
     void undo() { m_desktop.input().chord({Key::Control, Key::Z}); }
     void redo() { m_desktop.input().chord({Key::Control, Key::Shift, Key::Z}); }
 
-    QImage screen() const { return m_desktop.settledScreen(); }
+    // The screen as it was, with the inside of the region as it is.
+    QImage screen() const
+    {
+        QImage whole = m_before;
+        QPainter(&whole).drawImage(inside().topLeft(), m_desktop.settledScreen().copy(inside()));
+        return whole;
+    }
     // The region without its border and handles.
     static QRect inside() { return kRegion.adjusted(12, 12, -12, -12); }
     // What the annotations cover on the screen.
@@ -95,6 +116,7 @@ protected:
     }
 
     QImage m_empty; // the overlay with the region and no annotation
+    int m_tool = 0;
 };
 
 } // namespace
@@ -131,11 +153,11 @@ TEST_P(Editor, HandlesResizeAndUndoTakesItBack)
 {
     const QRect drawn(400, 300, 200, 120); // its right and bottom edges are places of the pointer
     struct Case {
-        const char* tool;
+        int tool;
         QPoint onLine; // from the top left corner
     };
-    for (const auto& [tool, onLine] : {Case{"square", {29, 0}}, Case{"eillpse", {29, 17}}}) {
-        ASSERT_TRUE(arm(tool));
+    for (const auto& [tool, onLine] : {Case{kRectangle, {29, 0}}, Case{kEllipse, {29, 17}}}) {
+        arm(tool);
         drag(drawn.topLeft(), drawn.topLeft() + QPoint(200, 120));
         const QRect original = ink();
         const int half = 3 * scale() / 2;
@@ -172,14 +194,12 @@ TEST_P(Editor, ShapesMoveAreRestyledUndoneAndRedone)
         const QImage moved = screen();
         EXPECT_TRUE(isNear(changed(moved, m_empty), changed(first, m_empty).translated(11, 70)));
         clickAt(drawing.grip + QPoint(11, 70));
-        ASSERT_TRUE(arm(drawing.tool, {QStringLiteral("--width"), QStringLiteral("9"),
-                                          QStringLiteral("--color"), QStringLiteral("#00a000")}));
+        style(kThick, kGreen);
         deselect();
         EXPECT_TRUE(changed(screen(), m_empty).contains(changed(moved, m_empty)));
         EXPECT_NE(screen(), moved);
         clickAt(drawing.grip + QPoint(11, 70));
-        ASSERT_TRUE(arm(drawing.tool, {QStringLiteral("--width"), QStringLiteral("3"),
-                                          QStringLiteral("--color"), QStringLiteral("#ff0000")}));
+        style(kThin, kRed);
         deselect();
         EXPECT_TRUE(samePixels(screen(), moved));
         for (int press = 0; press < 3; ++press) // two clicks and the move
@@ -218,7 +238,7 @@ TEST_P(Editor, EraserAndDeleteKeyTakeAndUndoBrings)
     for (const Drawing& drawing : kDrawings)
         draw(drawing);
     const QImage all = screen();
-    ASSERT_TRUE(arm("rubber"));
+    arm(kEraser);
     clickAt(kDrawings[2].grip);
     const QImage erased = screen();
     EXPECT_TRUE(kDrawings[2].cell.contains(changed(all, erased)));
@@ -227,7 +247,7 @@ TEST_P(Editor, EraserAndDeleteKeyTakeAndUndoBrings)
     EXPECT_TRUE(samePixels(screen(), all));
     redo();
     EXPECT_TRUE(samePixels(screen(), erased));
-    ASSERT_TRUE(arm("line"));
+    arm(kLine);
     clickAt(kDrawings[5].grip);
     m_desktop.input().chord({Key::BackSpace});
     EXPECT_TRUE(samePixels(screen().copy(kDrawings[5].cell), m_empty.copy(kDrawings[5].cell)));
@@ -241,12 +261,12 @@ TEST_P(Editor, EraserAndDeleteKeyTakeAndUndoBrings)
 TEST_P(Editor, AnnotationsFollowAMovedRegionAndStayInAResizedOne)
 {
     draw(kDrawings[1]);
-    ASSERT_TRUE(arm("none"));
+    clickAt(toolbars().tool(kEllipse)); // which disarms it
     const QRect drawn = ink();
     drag(kRegion.topLeft(), kRegion.topLeft() + QPoint(-40, -30));
     EXPECT_EQ(
         changed(screen().copy(inside()), m_before.copy(inside())), drawn.translated(-inside().topLeft()));
-    const QPoint press(800, 600);
+    const QPoint press(800, 480);
     drag(press, press + QPoint(20, 14));
     const QImage overlay = screen();
     const QRect area = inside();
@@ -260,7 +280,7 @@ TEST_P(Editor, AnnotationsFollowAMovedRegionAndStayInAResizedOne)
 
 TEST_P(Editor, DrawingStaysInsideTheRegionAndTheRightButtonEndsIt)
 {
-    ASSERT_TRUE(arm("customLine"));
+    arm(kPencil);
     Input& input = m_desktop.input();
     input.moveTo({500, 300});
     input.press(Button::Left);
@@ -278,7 +298,7 @@ TEST_P(Editor, DrawingStaysInsideTheRegionAndTheRightButtonEndsIt)
 
 TEST_P(Editor, DisplayThatGoesInTheMiddleOfADrawingEndsTheCapture)
 {
-    ASSERT_TRUE(arm("customLine"));
+    arm(kPencil);
     Input& input = m_desktop.input();
     input.moveTo({500, 300});
     input.press(Button::Left);
@@ -293,7 +313,9 @@ TEST_P(Editor, DisplayThatGoesInTheMiddleOfADrawingEndsTheCapture)
 
 TEST_P(Editor, FreehandStrokeKeepsItsCorners)
 {
-    ASSERT_TRUE(arm("customLine", {QStringLiteral("--width"), QStringLiteral("6")}));
+    arm(kPencil);
+    style(kMedium, kRed);
+    screen(); // at rest
     Input& input = m_desktop.input();
     input.moveTo({200, 500});
     input.press(Button::Left);

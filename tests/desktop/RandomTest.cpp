@@ -1,5 +1,6 @@
 #include "tests/desktop/ProgramTest.h"
 #include "tests/desktop/TestWindow.h"
+#include "tests/desktop/Toolbars.h"
 
 #include <QFile>
 
@@ -29,6 +30,10 @@ protected:
     // No window is there, and what is drawn around the pointer leaves the display's corners free.
     static QPoint freeGround(QRect display) { return display.topRight() + QPoint(-30, 40); }
     void choose(QRect display);
+    bool isUnderToolbar(QPoint point, QRect display) const
+    {
+        return Toolbars(display, display == kDisplays[1] ? 1.5 : 1, m_region).covers(point);
+    }
     void drag(QPoint from, QPoint to);
     void move(QRect display);
     void pull(QRect display);
@@ -90,6 +95,8 @@ void Random::move(QRect display)
 {
     const QPoint press = m_region.center() + QPoint(13, 13);
     const QPoint to = pointOn(display);
+    if (isUnderToolbar(press, display))
+        return;
     drag(press, to);
     const QPoint by = to - press;
     m_region.moveLeft(
@@ -112,7 +119,7 @@ void Random::pull(QRect display)
     (column == 0 ? first.rx() : last.rx()) += column == 1 ? 0 : to.x() - press.x();
     (row == 0 ? first.ry() : last.ry()) += row == 1 ? 0 : to.y() - press.y();
     const QRect pulled = spannedBy(first, last);
-    if (pulled.isEmpty())
+    if (pulled.isEmpty() || isUnderToolbar(press, display))
         return;
     drag(press, to);
     m_region = pulled;
