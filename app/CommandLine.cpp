@@ -1,13 +1,9 @@
 #include "app/CommandLine.h"
 
-#include "app/DeveloperVerb.h"
-
 CommandLine CommandLine::parsed(const QStringList& arguments)
 {
     if (arguments.isEmpty())
         return {};
-    if (const auto verb = DeveloperVerb::parsed(arguments))
-        return {Kind::Verb, *verb};
     const QString& first = arguments.first();
     if (arguments.size() > 1)
         return {Kind::Wrong, {}};

@@ -1,7 +1,6 @@
 #include "app/VerbService.h"
 
 #include "app/CommandLine.h"
-#include "app/DeveloperVerb.h"
 #include "app/EventMonitor.h"
 #include "capture/ColourRules.h"
 
@@ -88,8 +87,6 @@ void VerbService::handle(const QString& verb, const ResidentServer::Answer& answ
     } else if (verb == QLatin1String("quit")) {
         answer({});
         m_delegate.terminate();
-    } else if (DeveloperVerb::isOne(verb)) {
-        answer(DeveloperVerb::carryOut(verb, m_delegate.screenShotManager()));
     } else {
         answer({ExitCode::kWrongUsage, {}, CommandLine::usage()});
     }
