@@ -289,7 +289,8 @@ QImage ZREditorView::coverOf(const ZRGaussianBlur& area) const
     const double scale = m_display->display().scale;
     if (area.viewId() == QLatin1String("mosic") && AppSettings::isMosaicSecure()) {
         const QRect pixels = m_display->display().localPixels(rect) & m_display->image().rect();
-        return secureMosaic(m_display->image(), pixels, std::max(1, qRound(area.strength() * scale)));
+        return secureMosaic(
+            m_display->image(), pixels, std::max(1, qRound(area.strength() * scale)), newRandom());
     }
     const QImage original = requestDelegate->EditorRequest_getCurrentImageFromTheRegion(rect);
     return original.isNull() ? QImage() : area.coverOf(original, scale);

@@ -6,6 +6,9 @@
 #include "platform/Frame.h"
 
 #include <QFont>
+#include <QRandomGenerator>
+
+#include <functional>
 
 class ZRBasicCustomView;
 class ZREditorDelegate;
@@ -47,6 +50,8 @@ public:
     void removeEditorWitchIsNullText();
     // Hides an area anew, by what lies below it now.
     void makePicture(ZRGaussianBlur& area);
+    // What a secure mosaic is made of beside the pixels around it.
+    std::function<QRandomGenerator()> newRandom = QRandomGenerator::securelySeeded;
 
     // The frozen display with the annotations, as it is on the screen but for handles. `pixels` of the
     // display.

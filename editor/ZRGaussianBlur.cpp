@@ -44,8 +44,8 @@ ZRRect ZRGaussianBlur::sizeToFit()
 
 bool ZRGaussianBlur::isClickOn(ZRPoint point)
 {
-    if (vctualRect().width == 0 && vctualRect().height == 0)
-        return false; // a click made it, nothing is to be seen
+    if (vctualRect().isEmpty())
+        return false; // nothing is to be seen
     resizeDirection = getResizeDirection(point);
     return resizeDirection != kNoHandle || vctualRect().contains(point);
 }

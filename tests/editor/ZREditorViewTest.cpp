@@ -1,4 +1,7 @@
+#include "editor/ZRTextEditor.h"
 #include "tests/editor/EditorTest.h"
+
+#include <QTest>
 
 #include <cmath>
 #include <random>
@@ -16,7 +19,7 @@ protected:
         GraffitCanvas canvas(
             m_frame->image(), {display.scale, 0, 0, -display.scale, view0().frame().x * display.scale,
                                   display.pixels.height() - view0().frame().y * display.scale});
-        const std::vector<EntityRecord> all = records();
+        const std::vector<EntityRecord> all = m_manager.allRecords();
         for (const EntityRecord& record : all)
             canvas.invalidate(record);
         canvas.repaint(all, nullptr);
@@ -45,6 +48,7 @@ protected:
     int below(int limit) { return int(m_random() % unsigned(limit)); }
     ZRPoint place() { return {below(3800) / 10.0 - 40, below(2800) / 10.0 - 40}; }
     void gesture();
+    void type();
     void act();
     testing::AssertionResult isSound() const;
 
@@ -54,9 +58,10 @@ protected:
 // A drag that may begin on an annotation, leave the region or never end.
 void RandomGestures::gesture()
 {
-    const char* tools[] = {"square", "eillpse", "arrow", "customLine", "light", "line", "rubber", "cancel"};
+    const char* tools[] = {"square", "eillpse", "arrow", "customLine", "light", "line", "text", "mosic",
+        "blur", "rubber", "cancel"};
     if (below(3) == 0)
-        m_manager.updateGraffitID(QLatin1String(tools[below(8)]));
+        m_manager.updateGraffitID(QLatin1String(tools[below(11)]));
     ZRPoint from = place();
     const std::vector<EntityRecord> all = records();
     if (!all.empty() && below(2)) {
@@ -69,6 +74,14 @@ void RandomGestures::gesture()
         view().mouseDragged(at(place()));
     if (below(30))
         view().mouseUp(at(below(2) ? place() : from));
+}
+
+void RandomGestures::type()
+{
+    constexpr Qt::Key keys[] = {
+        Qt::Key_A, Qt::Key_W, Qt::Key_Space, Qt::Key_Backspace, Qt::Key_Home, Qt::Key_Return};
+    for (int i = below(8); i > 0 && view().editingEditor(); --i)
+        QTest::keyClick(view().editingEditor()->textField(), keys[below(6)]);
 }
 
 void RandomGestures::act()
@@ -90,6 +103,11 @@ void RandomGestures::act()
         return m_manager.setCurColor(QColor::fromRgb(m_random()));
     case 8:
         return m_manager.clearFocusOnGraffitView();
+    case 9:
+    case 10:
+        return type();
+    case 11:
+        return m_manager.updateGraffitView(kRegion.translated(below(20), below(20)));
     default:
         return gesture();
     }
@@ -245,7 +263,8 @@ TEST_F(RandomGestures, LeaveAWholePictureAndUndoToNothing)
         }
         if (i % 250 == 249) {
             m_manager.clearFocusOnGraffitView();
-            while (count() > 0)
+            m_manager.updateGraffitView(kRegion);
+            while (!m_manager.allRecords().empty())
                 m_manager.goBackDrawView();
             ASSERT_EQ(picture(), untouched()) << i;
         }

@@ -1,0 +1,190 @@
+#include "editor/ZRGaussianBlur.h"
+#include "settings/AppSettings.h"
+#include "settings/UserDefaults.h"
+#include "tests/editor/EditorTest.h"
+
+#include <QTemporaryDir>
+
+namespace {
+
+constexpr ZRPoint kFrom{40, 150};
+constexpr ZRPoint kTo{140, 80};
+
+// Areas that hide, over noise. Pixels of the region, y down.
+class Redaction : public EditorTest {
+protected:
+    explicit Redaction(double scale = 1)
+        : EditorTest((QSizeF(400, 300) * scale).toSize(), scale)
+        , m_store(m_folder.path(), AppSettings::AppBundleId(), AppSettings::AppOldBundleId())
+    {
+        UserDefaults::setStandardUserDefaults(&m_store);
+    }
+    ~Redaction() override { UserDefaults::setStandardUserDefaults(nullptr); }
+
+    // Of the drag from kFrom to kTo.
+    QRect area() const
+    {
+        const double s = m_frame->display().scale;
+        return QRectF(40 * s, 50 * s, 100 * s, 70 * s).toRect();
+    }
+    QRect shownPixels() { return m_frame->display().localPixels(view().frame()); }
+    QImage frozenThere() { return m_frame->image().copy(shownPixels()); }
+    // Whether what would go out is as the mosaic's rule wants it, in the area and beside it.
+    testing::AssertionResult isMosaic(QRect hidden, int block)
+    {
+        const QImage image = view().composed(shownPixels());
+        const QImage frozen = frozenThere();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QPoint p = QPoint(x, y) - hidden.topLeft();
+                const bool isHidden =
+                    hidden.contains(x, y) && p.x() < hidden.width() - 1 && p.y() < hidden.height() - 1;
+                const QPoint corner = hidden.topLeft() + QPoint(p.x() - p.x() % block, p.y() - p.y() % block);
+                if (image.pixel(x, y) != frozen.pixel(isHidden ? corner : QPoint(x, y)))
+                    return testing::AssertionFailure() << "at " << x << ',' << y;
+            }
+        }
+        return testing::AssertionSuccess();
+    }
+    QImage withoutArea(QImage image) const
+    {
+        QPainter(&image).fillRect(area(), Qt::black);
+        return image;
+    }
+
+    QTemporaryDir m_folder;
+    UserDefaults m_store;
+};
+
+class RedactionAtScale2 : public Redaction {
+protected:
+    RedactionAtScale2()
+        : Redaction(2)
+    {
+    }
+};
+
+}
+
+TEST_F(Redaction, MosaicFollowsItsRuleAndTouchesNothingElse)
+{
+    for (const int width : {3, 6, 9}) {
+        SCOPED_TRACE(width);
+        m_manager.setLineWidth(width);
+        draw("mosic", kFrom, kTo);
+        EXPECT_TRUE(isMosaic(area(), width));
+        click({90, 120}); // selects it: the width is only for others from now on
+        m_manager.setLineWidth(2);
+        EXPECT_TRUE(isMosaic(area(), width));
+        m_manager.updateGraffitView(kRegion.translated(7, -12)); // another part of the frame is below it
+        EXPECT_TRUE(isMosaic(area(), width));
+        m_manager.updateGraffitView({20, 20, 330, 210}); // on the picture it stays
+        EXPECT_TRUE(isMosaic(area().translated(27, 12), width));
+        m_manager.updateGraffitView(kRegion);
+        m_manager.clearFocusOnGraffitView();
+        m_manager.revokeDrawView();
+        EXPECT_EQ(picture(), untouched());
+    }
+}
+
+TEST_F(RedactionAtScale2, WidthsArePointsAndPicturesPixels)
+{
+    m_manager.setLineWidth(3);
+    draw("mosic", kFrom, kTo);
+    EXPECT_TRUE(isMosaic(area(), 6));
+    m_manager.undoDrawView();
+    draw("blur", kFrom, kTo);
+    const QImage blurred = picture().copy(area());
+    QImage expected = untouched().copy(area());
+    EXPECT_EQ(blurred, ZRGaussianBlur::GaussianBlurImageFrom(expected, 6));
+    EXPECT_EQ(withoutArea(picture()), withoutArea(untouched()));
+}
+
+TEST_F(Redaction, EndsAtTheRegionsEdge)
+{
+    struct Case {
+        ZRPoint to;
+        ZRRect bounds; // of a drag from 250, 50
+    };
+    const Case cases[] = {{{360, 80}, {250, 50, 50, 30}}, {{280, -40}, {250, 0, 30, 50}},
+        {{-30, 260}, {0, 50, 250, 150}}, {{300, 0}, {250, 0, 50, 50}}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.to.x);
+        m_manager.updateGraffitID(QStringLiteral("mosic"));
+        view().mouseDown(at({250, 50}));
+        view().mouseDragged(at({260, 60}));
+        view().mouseDragged(at(c.to));
+        view().mouseDragged(at({200, 100})); // comes back too late
+        view().mouseUp(at({200, 100}));
+        ASSERT_EQ(count(), 1U);
+        if (c.to == ZRPoint{300, 0}) // the corner is not beyond
+            EXPECT_EQ(records()[0].bounds, (ZRRect{200, 50, 50, 50}));
+        else
+            EXPECT_EQ(records()[0].bounds, c.bounds);
+        EXPECT_FALSE(records()[0].picture.isNull());
+        m_manager.undoDrawView();
+    }
+}
+
+TEST_F(Redaction, ClickLevelZeroAndUndoLeaveTheFrame)
+{
+    for (const char* tool : {"mosic", "blur"}) {
+        SCOPED_TRACE(tool);
+        m_manager.setLineWidth(3);
+        draw(tool, kFrom, kFrom);
+        EXPECT_EQ(picture(), untouched());
+        draw(tool, kFrom, {kFrom.x + 30, kFrom.y}); // an empty area
+        EXPECT_EQ(picture(), untouched());
+        m_manager.setLineWidth(0);
+        draw(tool, kFrom, kTo);
+        EXPECT_EQ(picture(), untouched());
+        m_manager.undoDrawView();
+        m_manager.setLineWidth(6);
+        draw(tool, kFrom, kTo);
+        const QImage hidden = picture();
+        EXPECT_NE(hidden, untouched());
+        m_manager.undoDrawView();
+        EXPECT_EQ(picture(), untouched());
+        m_manager.goForwardDrawView();
+        EXPECT_EQ(picture(), hidden);
+        for (int i = 0; i < 3; ++i)
+            m_manager.undoDrawView();
+    }
+}
+
+TEST_F(Redaction, LiesBelowWhatIsDrawnLater)
+{
+    draw("mosic", kFrom, kTo);
+    m_manager.setLineWidth(4);
+    draw("line", {30, 120}, {160, 120});
+    EXPECT_EQ(picture().pixel(90, 80), qRgb(255, 0, 0));
+    click({90, 100}); // comes to the front
+    m_manager.clearFocusOnGraffitView();
+    EXPECT_NE(picture().pixel(90, 80), qRgb(255, 0, 0));
+    EXPECT_EQ(picture().pixel(155, 80), qRgb(255, 0, 0));
+}
+
+TEST_F(Redaction, SecureMosaicTellsNothingOfWhatItHides)
+{
+    AppSettings::setMosaicSecure(true);
+    view().newRandom = [] { return QRandomGenerator(5); };
+    draw("mosic", kFrom, kTo);
+    const QImage one = picture();
+    EXPECT_EQ(withoutArea(one), withoutArea(untouched()));
+    const QImage frozen = untouched();
+    for (int y = area().top(); y <= area().bottom(); ++y)
+        for (int x = area().left(); x <= area().right(); ++x)
+            EXPECT_NE(one.pixel(x, y), frozen.pixel(x, y)) << x << ',' << y;
+    m_manager.undoDrawView();
+
+    QImage other = m_frame->image().copy();
+    QPainter(&other).fillRect(area().translated(regionPixels().topLeft()), Qt::darkGreen);
+    m_frame = std::make_shared<Frame>(m_frame->display(), other);
+    view().setFrozenDisplay(m_frame);
+    draw("mosic", kFrom, kTo);
+    EXPECT_EQ(picture(), one);
+    AppSettings::setMosaicSecure(false);
+    m_manager.undoDrawView();
+    draw("mosic", kFrom, kTo);
+    EXPECT_NE(picture(), one);
+}
