@@ -18,7 +18,7 @@ ScreenCoverWindow::ScreenCoverWindow(const DisplayRecord& display, const QString
     setWindowTitle(title);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_QuitOnClose, false);
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::TabFocus); // a click leaves the keys to the text that is edited
     setMouseTracking(true);
     if (QScreen* screen = ToolScreen::qtScreen(display)) {
         setScreen(screen);
@@ -90,9 +90,19 @@ bool ScreenCoverWindow::event(QEvent* event)
     }
 }
 
+// A key that is held comes up and goes down again in one moment; Qt tells so only where it has seen both.
 void ScreenCoverWindow::keyPressEvent(QKeyEvent* event)
 {
-    keyDown(*event);
+    const bool isRepeat =
+        event->isAutoRepeat() || (event->key() == m_releasedKey && event->timestamp() == m_releaseTime);
+    keyDown({event->type(), event->key(), event->modifiers(), event->nativeScanCode(),
+        event->nativeVirtualKey(), event->nativeModifiers(), event->text(), isRepeat});
+}
+
+void ScreenCoverWindow::keyReleaseEvent(QKeyEvent* event)
+{
+    m_releasedKey = event->key();
+    m_releaseTime = event->timestamp();
 }
 
 // Nobody but its owner ends what the window shows.

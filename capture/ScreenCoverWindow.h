@@ -40,6 +40,7 @@ public:
     virtual void rightMouseDown(const ZRMouseEvent& event) = 0;
     // `angle` in eighths of a degree, positive away from the user.
     virtual void scrollWheel(const ZRMouseEvent&, int angle) { Q_UNUSED(angle) }
+    // Of a key that is held, all but the first are repeats.
     virtual void keyDown(const QKeyEvent& event) = 0;
 
 protected:
@@ -53,6 +54,7 @@ protected:
 private:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
     const DisplayRecord mScreen;
@@ -60,4 +62,6 @@ private:
     FrozenImageView* mFullImageView = nullptr;
     ZREventView* mFullEventView = nullptr;
     PaintGate* m_gate = nullptr;
+    int m_releasedKey = 0;
+    quint64 m_releaseTime = 0; // milliseconds of the server
 };

@@ -16,6 +16,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
@@ -33,7 +34,9 @@ void discard(std::unique_ptr<ZRStaticScreenShotWindow> window)
 
 bool endsCapture(OverlayAction action)
 {
-    return action == OverlayAction::Cancel || action == OverlayAction::Save || action == OverlayAction::Copy;
+    constexpr std::array kEndings{
+        OverlayAction::Cancel, OverlayAction::Save, OverlayAction::Copy, OverlayAction::Pin};
+    return std::find(kEndings.begin(), kEndings.end(), action) != kEndings.end();
 }
 
 }

@@ -1,16 +1,8 @@
-#include "tests/desktop/ProgramTest.h"
-#include "tests/desktop/Toolbars.h"
-
-#include <QPainter>
+#include "tests/desktop/AnnotatingTest.h"
 
 namespace {
 
-constexpr QRect kRegion{101, 52, 1000, 500}; // leaves room for toolbars and ribbon below
-constexpr QPoint kNowhere(1060, 525);        // on the region, where no test draws
-
-enum Tool { kRectangle = 1, kEllipse, kArrow, kLine, kPencil, kHighlighter, kText, kBlur, kEraser };
-enum Width { kThin, kMedium, kThick };
-enum Color { kGreen = 3, kRed = 18 }; // places in the palette
+constexpr QPoint kNowhere(1060, 525); // on the region, where no test draws
 
 struct Drawing {
     int tool; // its digit
@@ -27,17 +19,6 @@ constexpr Drawing kDrawings[] = {
     {kLine, {740, 440}, {930, 350}, {835, 395}, {700, 320, 280, 160}},
 };
 
-// The smallest rectangle around the pixels in which two pictures differ.
-QRect changed(const QImage& a, const QImage& b)
-{
-    QRect rect;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            if (a.pixel(x, y) != b.pixel(x, y))
-                rect |= QRect(x, y, 1, 1);
-    return rect;
-}
-
 // By at most a pixel on each side: where a soft edge ends is not to the point.
 testing::AssertionResult isNear(const QRect& actual, const QRect& expected)
 {
@@ -48,75 +29,14 @@ testing::AssertionResult isNear(const QRect& actual, const QRect& expected)
                                        << expected.y() << ' ' << expected.width() << 'x' << expected.height();
 }
 
-// Annotations with a real mouse and real keys, at scale 1 with a window manager, at scale 2 without. Device
-// pixels of the screen.
-class Editor : public EachDesktopTest {
+class Editor : public AnnotatingTest {
 protected:
-    void SetUp() override
-    {
-        EachDesktopTest::SetUp();
-        m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale()));
-        ASSERT_TRUE(m_program.startResident());
-        ASSERT_TRUE(openOverlay());
-        m_desktop.input().drag(kRegion.topLeft(), kRegion.bottomRight() + QPoint(1, 1));
-        m_empty = screen();
-    }
-
-    static int scale() { return GetParam() ? 1 : 2; }
-    Toolbars toolbars() const { return {m_before.rect(), double(scale()), kRegion}; }
-    void arm(int tool)
-    {
-        if (tool != m_tool)
-            clickAt(toolbars().tool(tool));
-        m_tool = tool;
-    }
-    // In the ribbon of the armed tool, by the digits of Toolbars.
-    void style(int width, int color)
-    {
-        clickAt(toolbars().lineWidth(m_tool, width));
-        clickAt(toolbars().color(m_tool, color));
-    }
-    void drag(QPoint from, QPoint to) { m_desktop.input().drag(from, to); }
     void draw(const Drawing& drawing)
     {
         arm(drawing.tool);
         drag(drawing.from, drawing.to);
     }
-    void clickAt(QPoint point)
-    {
-        m_desktop.input().moveTo(point);
-        m_desktop.input().click(Button::Left);
-    }
     void deselect() { clickAt(kNowhere); }
-    void undo() { m_desktop.input().chord({Key::Control, Key::Z}); }
-    void redo() { m_desktop.input().chord({Key::Control, Key::Shift, Key::Z}); }
-
-    // The screen as it was, with the inside of the region as it is.
-    QImage screen() const
-    {
-        QImage whole = m_before;
-        QPainter(&whole).drawImage(inside().topLeft(), m_desktop.settledScreen().copy(inside()));
-        return whole;
-    }
-    // The region without its border and handles.
-    static QRect inside() { return kRegion.adjusted(12, 12, -12, -12); }
-    // What the annotations cover on the screen.
-    QRect ink() const { return changed(screen(), m_empty); }
-    // The saved picture, put back where it was on the screen.
-    QImage saved()
-    {
-        QImage whole = m_before;
-        const QImage picture = pictureAfter({Key::Control, Key::S});
-        if (picture.size() != kRegion.size())
-            return {};
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x)
-                whole.setPixel(kRegion.topLeft() + QPoint(x, y), picture.pixel(x, y));
-        return whole;
-    }
-
-    QImage m_empty; // the overlay with the region and no annotation
-    int m_tool = 0;
 };
 
 } // namespace

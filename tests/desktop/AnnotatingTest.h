@@ -1,0 +1,47 @@
+#pragma once
+
+#include "tests/desktop/ProgramTest.h"
+#include "tests/desktop/Toolbars.h"
+
+// Tools by their digits, and what their ribbons offer by its place in them.
+enum Tool { kNone, kRectangle, kEllipse, kArrow, kLine, kPencil, kHighlighter, kText, kBlur, kEraser };
+enum RibbonWidth { kThin, kMedium, kThick };
+enum RibbonColor { kGreen = 3, kRed = 18 };
+
+// A fixed region that is annotated with a real mouse and real keys, at scale 1 with a window manager, at
+// scale 2 without. Device pixels of the screen.
+class AnnotatingTest : public EachDesktopTest {
+protected:
+    void SetUp() override;
+
+    static constexpr QRect kRegion{101, 52, 1000, 500}; // leaves room for toolbars and ribbon below
+    static int scale() { return GetParam() ? 1 : 2; }
+    // The region without its border and handles.
+    static QRect inside() { return kRegion.adjusted(12, 12, -12, -12); }
+    Toolbars toolbars() const { return {m_before.rect(), double(scale()), kRegion}; }
+
+    // Clicks the tool's item, unless it is armed; kNone disarms the armed one.
+    void arm(int tool);
+    // In the ribbon of the armed tool.
+    void setWidth(int width) { clickAt(toolbars().lineWidth(m_tool, width)); }
+    void setColor(int color) { clickAt(toolbars().color(m_tool, color)); }
+    void style(int width, int color);
+    void drag(QPoint from, QPoint to) { m_desktop.input().drag(from, to); }
+    void clickAt(QPoint point);
+    void undo() { m_desktop.input().chord({Key::Control, Key::Z}); }
+    void redo() { m_desktop.input().chord({Key::Control, Key::Shift, Key::Z}); }
+
+    // The screen as it was, with the inside of the region as it is.
+    QImage screen() const;
+    // What the annotations cover on the screen.
+    QRect ink() const { return changed(screen(), m_empty); }
+    // The saved picture, put back where it was on the screen; null when none was saved.
+    QImage saved();
+    // The smallest rectangle around the pixels in which two pictures differ.
+    static QRect changed(const QImage& a, const QImage& b);
+
+    QImage m_empty; // screen() with the region and no annotation
+
+private:
+    int m_tool = kNone;
+};

@@ -1,0 +1,160 @@
+#include "settings/SettingsKeys.h"
+#include "tests/desktop/AnnotatingTest.h"
+
+#include <utility>
+
+namespace {
+
+constexpr QPoint kFrom(300, 200);
+constexpr QPoint kTo(550, 360);
+
+// Whether every pixel of the area is its block's first one and the last row and column are as they were.
+testing::AssertionResult isMosaic(const QImage& picture, const QImage& frozen, QRect area, int block)
+{
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QPoint p = QPoint(x, y) - area.topLeft();
+            const bool isLast = x == area.right() || y == area.bottom();
+            const QPoint corner = area.topLeft() + QPoint(p.x() - p.x() % block, p.y() - p.y() % block);
+            if (picture.pixel(x, y) != frozen.pixel(isLast ? QPoint(x, y) : corner))
+                return testing::AssertionFailure() << "pixel " << x << ',' << y;
+        }
+    }
+    return testing::AssertionSuccess();
+}
+
+void put(QImage& picture, const QImage& from, QRect area)
+{
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            picture.setPixel(x, y, from.pixel(x, y));
+}
+
+class Redaction : public AnnotatingTest {
+protected:
+    // The tool, as a mosaic or as a blur, in a width of points.
+    void take(bool isBlur, int points)
+    {
+        arm(kBlur);
+        if (std::exchange(m_isBlur, isBlur) != isBlur)
+            clickAt(toolbars().mosaicSwitch(kBlur));
+        setWidth(points / 3 - 1);
+    }
+    // Whether the file is what the overlay shows, and beside the area the frame.
+    testing::AssertionResult isSaved(QRect area, QImage* file)
+    {
+        clickAt(kFrom - QPoint(100, 60)); // selects nothing and draws nothing
+        const QImage overlay = screen();
+        *file = saved();
+        if (const auto same = samePixels(file->copy(inside()), overlay.copy(inside())); !same)
+            return same;
+        QImage beside = *file;
+        put(beside, m_before, area);
+        return samePixels(beside, m_before);
+    }
+    const QRect m_area = spannedBy(kFrom, kTo);
+    bool m_isBlur = false;
+};
+
+class SecureRedaction : public Redaction {
+protected:
+    void SetUp() override
+    {
+        m_program.writeSettings({{SettingsKeys::kMosaicSecure, true}});
+        Redaction::SetUp();
+    }
+};
+
+}
+
+LUMORA_ON_EACH_DESKTOP(Redaction);
+LUMORA_ON_EACH_DESKTOP(SecureRedaction);
+
+TEST_P(Redaction, MosaicInTheFileFollowsItsRule)
+{
+    for (const int points : {3, 6, 9}) {
+        SCOPED_TRACE(points);
+        take(false, points);
+        drag(kFrom, kTo);
+        EXPECT_TRUE(isMosaic(screen(), m_before, m_area, points * scale()));
+        if (points < 9)
+            undo();
+    }
+    QImage file;
+    EXPECT_TRUE(isSaved(m_area, &file));
+    EXPECT_TRUE(isMosaic(file, m_before, m_area, 9 * scale()));
+}
+
+TEST_P(Redaction, BlurInTheFileIsTheOverlays)
+{
+    QImage last = m_empty;
+    for (const int points : {3, 6, 9}) {
+        SCOPED_TRACE(points);
+        take(true, points);
+        drag(kFrom, kTo);
+        const QImage blurred = screen();
+        EXPECT_TRUE(m_area.contains(changed(blurred, m_empty)));
+        EXPECT_NE(blurred, last);
+        last = blurred;
+        if (points < 9)
+            undo();
+    }
+    QImage file;
+    EXPECT_TRUE(isSaved(m_area, &file));
+    EXPECT_NE(file, m_before);
+}
+
+TEST_P(Redaction, DragOutOfTheRegionEndsTheAreaThere)
+{
+    take(false, 6);
+    const QPoint from(1000, 450);
+    drag(from, {1250, 600});
+    const QRect area = QRect(from, kRegion.bottomRight());
+    const QImage overlay = screen();
+    const QRect shown = area & inside();
+    EXPECT_TRUE(area.contains(changed(overlay, m_empty)));
+    const QImage file = saved();
+    EXPECT_TRUE(isMosaic(file, m_before, area, 6 * scale()));
+    EXPECT_TRUE(samePixels(file.copy(shown), overlay.copy(shown)));
+}
+
+TEST_P(Redaction, FinishedAreaIsSelectedButStaysWhereItIs)
+{
+    take(false, 6);
+    drag(kFrom, kTo);
+    const QImage before = screen();
+    drag({400, 280}, {500, 400});
+    const QImage selected = screen();
+    const QRect marked = m_area.adjusted(-6, -6, 6, 6);
+    EXPECT_TRUE(marked.contains(changed(selected, before)));
+    EXPECT_NE(selected, before);
+    m_desktop.input().chord({Key::BackSpace});
+    EXPECT_TRUE(samePixels(screen(), m_empty));
+}
+
+TEST_P(Redaction, MovedRegionHidesWhatIsBelowNow)
+{
+    take(false, 6);
+    drag(kFrom, kTo);
+    arm(kNone);
+    const QPoint by(24, 30);
+    drag({800, 480}, QPoint(800, 480) + by);
+    EXPECT_TRUE(isMosaic(screen(), m_before, m_area.translated(by), 6 * scale()));
+}
+
+TEST_P(SecureRedaction, LeavesNoPixelOfTheArea)
+{
+    take(false, 6);
+    drag(kFrom, kTo);
+    QImage file;
+    EXPECT_TRUE(isSaved(m_area, &file));
+    const int block = 6 * scale();
+    for (int y = m_area.top(); y <= m_area.bottom(); ++y) {
+        for (int x = m_area.left(); x <= m_area.right(); ++x) {
+            const QPoint p = QPoint(x, y) - m_area.topLeft();
+            const QPoint corner = QPoint(x, y) - QPoint(p.x() % block, p.y() % block);
+            EXPECT_EQ(file.pixel(x, y), file.pixel(corner)) << x << ',' << y; // of one colour up to the edge
+        }
+    }
+    EXPECT_FALSE(isMosaic(file, m_before, m_area, block));
+}
