@@ -31,6 +31,8 @@
 
 namespace {
 
+constexpr QStringView kSaveFailed = u"Comm:FaildSaveFile";
+constexpr QStringView kCopyFailed = u"Comm:FaildCopyToClipboard";
 const QString kIcon = QStringLiteral("logo");
 const QString kNothingToSave = QStringLiteral("the region holds no part of the display");
 constexpr int kNominalResolution = 16; // the quality setting that asks for one pixel a point
@@ -344,13 +346,13 @@ ZRScreenShotViewController::Report ZRScreenShotViewController::reportOfCapture()
 void ZRScreenShotViewController::saveImageToFile(Picture picture, const Report& report)
 {
     if (picture.image.isNull())
-        return fail(report, u"Comm:FaildSaveFile", kNothingToSave);
+        return fail(report, kSaveFailed, kNothingToSave);
     const QString path = AppSettings::screenshotSavePath();
     CommLog::log(QStringLiteral("screenshot save path--->%1").arg(path));
     m_jobs.save(std::move(picture), path, AppSettings::screenshotType(),
         [this, report, path](const QString& failure) {
             if (!failure.isEmpty())
-                return fail(report, u"Comm:FaildSaveFile", failure);
+                return fail(report, kSaveFailed, failure);
             CommLog::log(QStringLiteral("save image success"));
             tellOfSaved(path);
             report({CaptureOutcome::Kind::Saved, path, {}});
@@ -360,10 +362,10 @@ void ZRScreenShotViewController::saveImageToFile(Picture picture, const Report& 
 void ZRScreenShotViewController::writeToPasteboard(Picture picture, const Report& report)
 {
     if (picture.image.isNull())
-        return fail(report, u"Comm:FaildSaveFile", kNothingToSave);
+        return fail(report, kSaveFailed, kNothingToSave);
     m_jobs.copy(std::move(picture), [this, report](const QString& failure) {
         if (!failure.isEmpty())
-            return fail(report, u"Comm:FaildCopyToClipboard", failure);
+            return fail(report, kCopyFailed, failure);
         CommLog::log(QStringLiteral("write image data to pasteboard"));
         tellOfCopied();
         report({CaptureOutcome::Kind::Copied, {}, {}});
@@ -379,7 +381,7 @@ void ZRScreenShotViewController::screenshotShowImageWindow()
     const PinRules::Place place = PinRules::placeOf(display, regionRect());
     const Picture picture = takePicture();
     if (picture.image.isNull()) {
-        fail(report, u"Comm:FaildSaveFile", kNothingToSave);
+        fail(report, kSaveFailed, kNothingToSave);
     } else {
         showImageWindow(picture.image.copy(), place, display);
         report({CaptureOutcome::Kind::Pinned, {}, {}});
@@ -416,7 +418,9 @@ void ZRScreenShotViewController::forget(const ZRImageShowWindow* imageWindow)
 // `titleKey` is the text that the user reads.
 void ZRScreenShotViewController::fail(const Report& report, QStringView titleKey, const QString& reason)
 {
-    CommLog::log(QStringLiteral("the picture is lost: %1").arg(reason));
+    const bool isCopy = titleKey == kCopyFailed;
+    CommLog::log(QStringLiteral("the picture could not be %1: %2")
+                     .arg(isCopy ? QStringLiteral("copied") : QStringLiteral("saved"), reason));
     postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(titleKey), {});
     report({CaptureOutcome::Kind::Failed, {}, reason});
 }

@@ -13,6 +13,7 @@ enum class Key : quint8 {
     BackSpace = 22,
     Tab = 23,
     Q = 24,
+    P = 33,
     Return = 36,
     Control = 37,
     A = 38,
@@ -29,7 +30,7 @@ enum class Key : quint8 {
     Super = 133,
 };
 
-enum class Button : quint8 { Left = 1, Right = 3, WheelUp = 4, WheelDown = 5 };
+enum class Button : quint8 { Left = 1, Middle = 2, Right = 3, WheelUp = 4, WheelDown = 5 };
 
 // Real keys and a real mouse: what it sends comes out of the server as from a device. Whatever is still down
 // goes up when the object goes.

@@ -219,7 +219,7 @@ TEST_F(Menu, ToolsStartFromIt)
         SCOPED_TRACE(way.size());
         ASSERT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 0);
         ASSERT_TRUE(waitForMenu());
-        for (const Key key : {Key::Down, Key::Down, Key::Down, Key::Right})
+        for (const Key key : {Key::Down, Key::Down, Key::Down, Key::Down, Key::Right})
             m_desktop.input().chord({key});
         for (const Key key : way)
             m_desktop.input().chord({key});
