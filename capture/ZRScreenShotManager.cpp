@@ -250,6 +250,7 @@ void ZRScreenShotManager::showLastCapture(const JournalEntry& entry)
     AppSettings::setUseWindowRecognize(false);
     mScreenShotController.updateSelectedRegionRect(entry.region);
     _endRegionSelect();
+    mScreenShotController.showToolbar(true);
     if (!entry.annotations.isEmpty() && !mGraffitManager->restore(entry.annotations))
         CommLog::log(QStringLiteral("the annotations of the last capture cannot be read"));
     keepCapture();

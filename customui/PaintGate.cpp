@@ -46,9 +46,8 @@ void PaintGate::paint(const QRegion& region)
         m_waiting += region;
         return;
     }
-    const auto children = m_window.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
-    for (QWidget* child : children)
-        child->update(region.translated(-child->pos()));
+    for (QWidget* child : m_window.findChildren<QWidget*>())
+        child->update(region.translated(-child->mapTo(&m_window, QPoint())));
 }
 
 bool PaintGate::eventFilter(QObject*, QEvent* event)
