@@ -95,7 +95,7 @@ TEST_F(BadInput, SaveFolderThatFailsIsAnsweredAndTheNextCaptureWorks)
         EXPECT_TRUE(failed.err.contains(folder)) << qPrintable(failed.err);
         ++failures;
         EXPECT_TRUE(
-            waitUntil([&] { return logLinesWith(QStringLiteral("the picture is lost")).size() >= failures; }));
+            waitUntil([&] { return logLinesWith(QStringLiteral("could not be saved")).size() >= failures; }));
         EXPECT_EQ(logCount("save image success"), failures - 1);
         c.mend();
         QThread::msleep(350);
