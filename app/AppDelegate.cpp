@@ -231,6 +231,7 @@ void AppDelegate::settingsChangedByHand(const QStringList& keys)
 void AppDelegate::changeText()
 {
     mScreenShotStatusbar.changeText();
+    mScreenShotManager.changeText();
     if (mAboutWindow)
         mAboutWindow->changeText(AboutTexts::current());
 }
