@@ -225,14 +225,18 @@ void ZRHoverButton::paintEvent(QPaintEvent*)
         painter.setOpacity(kDisabledOpacity);
     drawBackground(painter);
     drawImage(painter);
-    painter.setPen(m_titleColor);
-    painter.drawText(titleRect(), Qt::AlignCenter, m_title);
+    if (!m_title.isEmpty()) {
+        painter.setPen(m_titleColor);
+        painter.drawText(titleRect(), Qt::AlignCenter, m_title);
+    }
     if (hasFocus())
         drawFocus(painter);
 }
 
 void ZRHoverButton::drawBackground(QPainter& painter) const
 {
+    if (shownBackground().alpha() == 0 && m_borderLineWidth <= 0)
+        return; // what cannot be seen takes as long to draw
     painter.setPen(m_borderLineWidth > 0 ? QPen(m_borderColor, m_borderLineWidth) : QPen(Qt::NoPen));
     painter.setBrush(shownBackground());
     painter.drawRoundedRect(outlineInside(panelRect(), m_borderLineWidth), m_cornerRadius, m_cornerRadius);
