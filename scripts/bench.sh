@@ -1,20 +1,21 @@
 #!/bin/sh
 # Measures the program beside its floors and prints one table of ratios; ends with 1 when a limit is not kept.
 #   scripts/bench.sh [NAME...]    only the named benches: start overlay drag capture png languages rest blur editor
+#                                 toolbars
 set -eu
 cd "$(dirname "$0")/.."
 
 scripts/dependencies.sh bench
 cmake --preset release -B build/bench -DLUMORA_BENCH=ON >/dev/null
-cmake --build build/bench --target bench_desktop bench_blur bench_editor >&2
+cmake --build build/bench --target bench_desktop bench_blur bench_editor bench_toolbars >&2
 kept=0
-# Blur and editor need no desktop; their tables are their own.
-desktop=$(printf '%s\n' "$@" | grep -vx 'blur\|editor' | tr '\n' ' ')
+# Blur, editor and toolbars need no desktop; their tables are their own.
+desktop=$(printf '%s\n' "$@" | grep -vx 'blur\|editor\|toolbars' | tr '\n' ' ')
 if [ $# -eq 0 ] || [ -n "${desktop# }" ]; then
     # shellcheck disable=SC2086 # names, one a word
     build/bench/bench/desktop/bench_desktop $desktop || kept=$?
 fi
-for name in blur editor; do
+for name in blur editor toolbars; do
     case " ${*:-$name} " in
         *" $name "*) "build/bench/bench/$name/bench_$name" || kept=1 ;;
     esac
