@@ -90,6 +90,25 @@ TEST_P(Text, ListOfAnInputMethodStaysAboveTheOverlay)
     EXPECT_TRUE(waitUntil([&] { return m_desktop.screen().copy(list) == m_empty.copy(list); }));
 }
 
+TEST_P(Text, EditGoesOnBesideTheRibbonAndEndsWithTheOutput)
+{
+    arm(kText);
+    clickAt(kPlace);
+    type({Key::A});
+    setColor(kGreen);
+    type({Key::S, Key::D});
+    const QImage edited = screen();
+    EXPECT_TRUE(whereRed(edited).isEmpty());
+    clickAt(toolbars().save());
+    ASSERT_TRUE(waitForRest());
+    ASSERT_EQ(m_program.savedPictures().size(), 1);
+    const QImage picture(m_program.savedPictures().first());
+    ASSERT_EQ(picture.size(), kRegion.size());
+    const QRect text = changed(picture, m_before.copy(kRegion)).translated(kRegion.topLeft());
+    EXPECT_GT(text.width(), 15 * scale());
+    EXPECT_TRUE(changed(edited, m_empty).adjusted(7, 4, -7, -4).contains(text)); // inside the ring
+}
+
 TEST_P(Text, KeysOfTheOverlayRestWhileATextIsEdited)
 {
     arm(kText);
