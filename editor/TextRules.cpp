@@ -48,7 +48,7 @@ Change changeBetween(const QString& before, Range selected, const QString& after
     const QString start = before.left(selected.location);
     const QString end = before.mid(selected.location + selected.length);
     const qsizetype added = after.size() - start.size() - end.size();
-    if (selected.length > 0 && added >= 0 && after.startsWith(start) && after.endsWith(end))
+    if (added >= 0 && after.startsWith(start) && after.endsWith(end))
         return {before, selected, after.mid(selected.location, added)};
     const qsizetype first = commonStart(before, after);
     const qsizetype last = commonEnd(QStringView(before).mid(first), QStringView(after).mid(first));

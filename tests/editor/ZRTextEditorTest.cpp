@@ -57,7 +57,7 @@ protected:
 
 TEST_F(ZRTextEditorTest, GrowsAndShrinksWithItsText)
 {
-    click(kPlace);
+    drag(kPlace, {kPlace.x + 30, kPlace.y + 20}); // it stays where it was pressed
     ASSERT_TRUE(editing());
     const ZRRect first = editing()->vctualRect();
     EXPECT_EQ(first, TextRules::newBox(kPlace, m_manager.curFont()));
@@ -271,6 +271,23 @@ TEST_F(ZRTextEditorTest, UndoTakesItWholeAndRedoBringsItBack)
     click(kPlace);
     EXPECT_EQ(picture(), untouched());
     m_manager.clear(); // with a text in the history
+}
+
+TEST_F(ZRTextEditorTest, PressesOnItAreNoStepsOfUndo)
+{
+    draw("line", {10, 20}, {200, 60});
+    click({105, 40});
+    m_manager.deleteGraffitFromBackSpace();
+    m_manager.updateGraffitID(QStringLiteral("text"));
+    write(QStringLiteral("once"));
+    for (int i = 0; i < 3; ++i) {
+        click(kPlace);
+        click(kBeside);
+    }
+    m_manager.undoDrawView();
+    EXPECT_TRUE(m_manager.allRecords().empty());
+    m_manager.undoDrawView(); // the deletion
+    EXPECT_EQ(count(), 1U);
 }
 
 TEST_F(ZRTextEditorTest, LiesBetweenTheAnnotationsBeforeAndAfterIt)
