@@ -68,6 +68,7 @@ TEST_F(Settings, ReadHandMadeValues)
         {kOpenLink, false, AppSettings::IsOpenScreenshotLinkAfterUpload, false},
         {kMosaicMode, {}, AppSettings::getMosicModel, true},
         {kMosaicMode, 0.5, AppSettings::getMosicModel, false},
+        {kMosaicSecure, {}, AppSettings::isMosaicSecure, false},
         {kKeepLastCapture, {}, AppSettings::isLastCaptureKept, true},
         {kKeepLastCapture, false, AppSettings::isLastCaptureKept, false},
         {kUploadEndpoint, {}, AppSettings::uploadEndpoint, QString()},
