@@ -69,6 +69,12 @@ void DnHotkeyManager::_dispatch(quint32 id)
         it->second->invoke();
 }
 
+QString DnHotkeyManager::refusal(quint32 id) const
+{
+    const auto it = m_bound.find(id);
+    return it == m_bound.end() ? QString() : it->second->refusal();
+}
+
 QStringList DnHotkeyManager::refusals() const
 {
     QStringList lines;
@@ -88,4 +94,5 @@ void DnHotkeyManager::stateChanged(quint32 id, const QString& reason)
         CommLog::log(QStringLiteral("the hot key \"%1\" works again").arg(it->second->hotkey()));
     else
         tellOfRefusal(*it->second);
+    NotificationCenter::defaultCenter().post(QString::fromUtf16(kStateChanged));
 }

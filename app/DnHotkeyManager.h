@@ -24,6 +24,8 @@ public:
     void unbind(quint32 id);
     void _dispatch(quint32 id);
 
+    // Why a hot key does not work; empty when it does, and for an id that is not bound.
+    QString refusal(quint32 id) const;
     // A line a hot key that does not work, with the reason.
     QStringList refusals() const;
 
@@ -32,6 +34,8 @@ public:
     static constexpr char16_t kRefused[] = u"hotKeyRefused";
     static constexpr char16_t kRefusedKey[] = u"hotKey";
     static constexpr char16_t kReasonKey[] = u"reason";
+    // The notification of a hot key that became live or was lost because the keyboard changed.
+    static constexpr char16_t kStateChanged[] = u"hotKeyStateChanged";
 
 private:
     quint32 keep(const QString& hotKey, Action action, HotKeys* hotKeys);

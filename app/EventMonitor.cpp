@@ -21,6 +21,8 @@ struct State {
     quint32 regionId = 0;
     quint32 fullId = 0;
     QHash<QString, quint32> namedIds;
+    EventMonitor::Action captureAction;
+    bool isResting = false;
 };
 
 State& state()
@@ -72,6 +74,8 @@ void postMouseAction(MouseMonitor::Action action)
 void EventMonitor::install(HotKeys* hotKeys, MouseMonitor* mouse)
 {
     unregisterHotKeyMonitor();
+    state().captureAction = nullptr;
+    state().isResting = false;
     state().hotKeys = hotKeys;
     if (MouseMonitor* before = std::exchange(state().mouse, mouse))
         before->onAction = nullptr;
@@ -82,7 +86,8 @@ void EventMonitor::registerHotKeyMonitorWithAction(const Action& action)
 {
     unregisterHotKeyMonitor();
     State& s = state();
-    if (!s.hotKeys)
+    s.captureAction = action;
+    if (!s.hotKeys || s.isResting)
         return;
     s.manager = std::make_unique<DnHotkeyManager>(*s.hotKeys);
     s.regionId = boundUnlessEmpty(AppSettings::regionScreenShotHotKey(), action);
@@ -98,6 +103,17 @@ void EventMonitor::unregisterHotKeyMonitor()
     unbind(s.fullId);
     s.manager.reset();
     s.namedIds.clear();
+}
+
+void EventMonitor::setResting(bool isResting)
+{
+    State& s = state();
+    if (std::exchange(s.isResting, isResting) == isResting)
+        return;
+    if (isResting)
+        unregisterHotKeyMonitor();
+    else if (s.captureAction)
+        registerHotKeyMonitorWithAction(Action(s.captureAction));
 }
 
 void EventMonitor::registerHotKeyMonitorWithKeyName(const QString& hotKey, const Action& action)
@@ -133,6 +149,16 @@ void EventMonitor::startEventMonitor()
 void EventMonitor::stopEventMonitor()
 {
     unregisterHotKeyMonitorWithKeyName(QStringLiteral("backspace"));
+}
+
+QString EventMonitor::regionRefusal()
+{
+    return state().manager ? state().manager->refusal(state().regionId) : QString();
+}
+
+QString EventMonitor::fullRefusal()
+{
+    return state().manager ? state().manager->refusal(state().fullId) : QString();
 }
 
 QStringList EventMonitor::refusals()

@@ -19,6 +19,8 @@ public:
     // Binds the hot keys of the settings, in place of all that was bound before.
     static void registerHotKeyMonitorWithAction(const Action& action);
     static void unregisterHotKeyMonitor();
+    // While they rest nothing is bound; the hot keys of the settings come back with the last action.
+    static void setResting(bool isResting);
     static void registerHotKeyMonitorWithKeyName(const QString& hotKey, const Action& action);
     static void unregisterHotKeyMonitorWithKeyName(const QString& hotKey);
 
@@ -28,6 +30,9 @@ public:
     // Kept: unregisters the named key "backspace" only; the mouse is still listened to.
     static void stopEventMonitor();
 
+    // Why the desktop refused a capture's hot key; empty while it is live, and when there is none.
+    static QString regionRefusal();
+    static QString fullRefusal();
     // A line a hot key that the desktop refused.
     static QStringList refusals();
 };

@@ -6,17 +6,15 @@
 #include "platform/HotKeys.h"
 #include "settings/AppSettings.h"
 
-namespace {
-
-QString textOf(const QString& reason)
+QString textOfRefusal(const QString& reason)
 {
     if (reason == HotKeyRefusal::kTaken)
         return AppSettings::getXMLValueForKeywords(u"Lumora:HotKey:TakenByOther");
     if (reason == HotKeyRefusal::kNoKey)
         return AppSettings::getXMLValueForKeywords(u"Lumora:HotKey:NoKey");
+    if (reason == HotKeyRefusal::kUsedTwice)
+        return AppSettings::getXMLValueForKeywords(u"Lumora:HotKey:UsedTwice");
     return {};
-}
-
 }
 
 void tellOfRefusedHotKey(const QString& hotKey, const QString& reason)
@@ -25,5 +23,5 @@ void tellOfRefusedHotKey(const QString& hotKey, const QString& reason)
     QString title = AppSettings::getXMLValueForKeywords(u"Lumora:HotKey:Refused");
     title.replace(QLatin1String("[#Hotkey#]"), name.isEmpty() ? hotKey : name);
     ZRLocalNotificationCenter::defaultLocalNotificationCenter().deliverZRNotification(
-        std::make_unique<ZRBasicLocalNotification>(title, textOf(reason), QStringLiteral("logo")));
+        std::make_unique<ZRBasicLocalNotification>(title, textOfRefusal(reason), QStringLiteral("logo")));
 }

@@ -8,6 +8,7 @@
 namespace HotKeyRefusal {
 inline const QString kTaken = QStringLiteral("is taken by another program");
 inline const QString kNoKey = QStringLiteral("is on no key of this keyboard");
+inline const QString kUsedTwice = QStringLiteral("is used twice");
 }
 
 // System-wide hot keys. A key is a position on the keyboard, named by its macOS virtual key code; modifiers

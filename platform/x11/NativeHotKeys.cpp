@@ -156,7 +156,7 @@ void NativeHotKeys::bind(Binding& binding)
     if (!wanted)
         binding.refusal = HotKeyRefusal::kNoKey;
     else if (isTaken(*wanted))
-        binding.refusal = QStringLiteral("is used twice");
+        binding.refusal = HotKeyRefusal::kUsedTwice;
     else if (!grab(*wanted))
         binding.refusal = HotKeyRefusal::kTaken;
     else

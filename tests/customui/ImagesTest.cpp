@@ -10,7 +10,7 @@ namespace {
 const QStringList kControls = QStringLiteral(
     "save close pin upload copy share ok brush markerPen line arrow font square mosaic blur ellipse "
     "eraser redo forward 4pxDot 6pxDot 10pxDot facebook google twinter pinster pop-upload-help "
-    "pop-upload-close recordKey clearKey region fullscreen tools crosshair colorpicker record options "
+    "pop-upload-close snapBack clearKey region fullscreen tools crosshair colorpicker record options "
     "help tutorial support forum feedback update about quit reopen")
                                   .split(QLatin1Char(' '));
 // Names that stand for one picture, or are spelled in their own way.
