@@ -4,6 +4,8 @@
 #include "app/DnHotkeyManager.h"
 #include "app/EventMonitor.h"
 #include "app/HotKeyNotice.h"
+#include "app/PreferencesWindow.h"
+#include "app/ZRStartWindow.h"
 #include "capture/ToolScreen.h"
 #include "commonutils/CommFeedback.h"
 #include "commonutils/CommLog.h"
@@ -88,7 +90,7 @@ void AppDelegate::applicationDidFinishLaunching()
         {"status bar", &AppDelegate::initStatusbar},
         {"update check", &AppDelegate::_initUpdate},
         {"display list", &AppDelegate::LogScreens},
-        {"begin", &AppDelegate::begin},
+        {"start window", &AppDelegate::showStartWindow},
         {"access to the save folder", &AppDelegate::startAccessingSaveFolder},
     };
     runSteps(kSteps);
@@ -163,6 +165,35 @@ void AppDelegate::LogScreens()
     });
 }
 
+void AppDelegate::showStartWindow()
+{
+    if (!AppSettings::isNeedShowStartWindowAgain())
+        return begin();
+    m_startWindow = ZRStartWindow::defaultStartWindow();
+    m_startWindow->setEndRect(mScreenShotStatusbar.statusbarRect());
+    m_startWindow->setDelegate(this);
+    m_startWindow->start();
+}
+
+void AppDelegate::endGreeting()
+{
+    if (m_startWindow)
+        m_startWindow->stop();
+}
+
+// By now the status item may have found its place.
+void AppDelegate::windowWillStop(ZRStartWindow& window)
+{
+    window.setEndRect(mScreenShotStatusbar.statusbarRect());
+}
+
+// Called by the window's own event. A verb may wait for a capture, which must not have the window in it.
+void AppDelegate::windowWillClose()
+{
+    m_startWindow.release()->deleteLater();
+    onceMenuIsGone([this] { begin(); });
+}
+
 // Lasts until the program ends.
 void AppDelegate::startAccessingSaveFolder()
 {
@@ -220,6 +251,8 @@ void AppDelegate::needChangeClientLanguage()
 
 void AppDelegate::settingsChangedByHand(const QStringList& keys)
 {
+    if (mPreferencesWindow && mPreferencesWindow->isVisible())
+        mPreferencesWindow->settingsChanged();
     if (std::any_of(keys.begin(), keys.end(), changesHotKeys))
         NotificationCenter::defaultCenter().post(kNeedUpdateHotKey);
     if (std::any_of(keys.begin(), keys.end(), changesAppInfo)) {
@@ -234,6 +267,8 @@ void AppDelegate::changeText()
     mScreenShotManager.changeText();
     if (mAboutWindow)
         mAboutWindow->changeText(AboutTexts::current());
+    if (mPreferencesWindow)
+        mPreferencesWindow->changeText();
 }
 
 void AppDelegate::hotKeyDown(const QString& hotKey)
@@ -251,6 +286,7 @@ void AppDelegate::hotKeyDown(const QString& hotKey)
 
 void AppDelegate::prepareCapture()
 {
+    endTyping();
     mScreenShotManager.initialize();
     if (const auto screen = ToolScreen::screenUnderPointer())
         mScreenShotManager.setCurrentScreen(*screen);
@@ -295,6 +331,7 @@ void AppDelegate::useTool(ScreenShotTool tool)
 {
     if (mScreenShotManager.isCapturing())
         return;
+    endTyping();
     mScreenShotManager.initialize();
     if (tool == ScreenShotTool::Distance)
         mScreenShotManager.startScreenShotDistance();
@@ -395,6 +432,22 @@ void AppDelegate::closeAboutWindow()
 {
     if (mAboutWindow)
         mAboutWindow.release()->deleteLater();
+}
+
+void AppDelegate::showPreferences()
+{
+    if (!mPreferencesWindow) {
+        mPreferencesWindow = std::make_unique<PreferencesWindow>(*m_platform.workspace);
+        mPreferencesWindow->setOnTyping([this] { mScreenShotStatusbar.changeHotKeyText(); });
+    }
+    mPreferencesWindow->showPreferences();
+}
+
+// A shortcut field has the keyboard, which a capture needs.
+void AppDelegate::endTyping()
+{
+    if (mPreferencesWindow)
+        mPreferencesWindow->exitTypeShortcut();
 }
 
 void AppDelegate::terminate()

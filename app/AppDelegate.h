@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/StartWindowDelegate.h"
 #include "app/StatusbarActions.h"
 #include "app/ZRScreenShotStatusbar.h"
 #include "capture/ZRScreenShotManager.h"
@@ -14,10 +15,11 @@
 #include <span>
 
 class AboutWindow;
+class PreferencesWindow;
 
-// Owns the capture manager, the status bar and the About window, runs the launch and the termination as lists
-// of named steps, and starts a capture when a hot key or a menu entry asks for one.
-class AppDelegate : public QObject, private StatusbarActions {
+// Owns the capture manager, the status bar and the program's own windows, runs the launch and the termination
+// as lists of named steps, and starts a capture when a hot key or a menu entry asks for one.
+class AppDelegate : public QObject, private StatusbarActions, private StartWindowDelegate {
 public:
     // Borrows the platform, which must outlive the delegate.
     explicit AppDelegate(Platform& platform);
@@ -31,6 +33,8 @@ public:
     // The second half of the launch: from here on hot keys, menu and verbs work.
     void begin();
     bool hasBegun() const { return m_hasBegun; }
+    // Lets the start window go at once; nothing when there is none.
+    void endGreeting();
     // Called once, at the end of begin().
     std::function<void()> onBegun;
 
@@ -66,11 +70,15 @@ private:
     void initStatusbar();
     void _initUpdate();
     void LogScreens();
+    void showStartWindow();
     void startAccessingSaveFolder();
     void observeNotifications();
     void fillStatusMenu();
     void initContext();
     void addhotKey();
+
+    void windowWillStop(ZRStartWindow& window) override;
+    void windowWillClose() override;
 
     void needUpdateHotkeyBind();
     void needChangeClientLanguage();
@@ -82,7 +90,7 @@ private:
     void actionForStatusbbarDistance() override;
     void actionForStatusbarGetColor() override;
     void openVideoRecorderURL() override;
-    void showPreferences() override { }
+    void showPreferences() override;
     void actionForStatusbarShowFAQ() override;
     void actionForStatusbarShowSupport() override;
     void actionForStatusbarShowForum() override;
@@ -92,6 +100,7 @@ private:
     void startWithoutMenu(std::function<void()> start);
     void onceMenuIsGone(std::function<void()> start);
     void prepareCapture();
+    void endTyping();
     void capture(bool isFullScreen);
     void useTool(ScreenShotTool tool);
 
@@ -99,8 +108,10 @@ private:
     CaptureJournal m_journal{CaptureJournal::standardFolder()};
     ZRScreenShotManager mScreenShotManager;
     ZRScreenShotStatusbar mScreenShotStatusbar;
-    std::unique_ptr<AboutWindow> mAboutWindow; // while it shows
-    bool isNextKey = false;                    // a hot key is being handled
+    std::unique_ptr<AboutWindow> mAboutWindow;             // while it shows
+    std::unique_ptr<PreferencesWindow> mPreferencesWindow; // from its first show on
+    std::unique_ptr<ZRStartWindow> m_startWindow;          // while it shows
+    bool isNextKey = false;                                // a hot key is being handled
     bool m_hasBegun = false;
     CommUpdate m_update;
     QThreadPool m_background;

@@ -12,3 +12,9 @@ QString menuStyleSheet()
         "QMenu::separator { height: 1px; background: rgb(208,221,238); margin: 4px 10px; }"
         "QMenu::right-arrow { width: 8px; height: 8px; padding-right: 8px; }");
 }
+
+QString checkMenuStyleSheet()
+{
+    return menuStyleSheet() + QStringLiteral("QMenu::item { padding-left: 28px; }"
+                                             "QMenu::indicator { width: 14px; height: 14px; left: 8px; }");
+}

@@ -15,7 +15,8 @@ struct Modifier {
     const char16_t* word;
     char16_t symbol;
 };
-constexpr Modifier kModifiers[] = { // as they are written and shown
+constexpr Modifier kModifiers[] = {
+    // as they are written and shown
     {ShortcutRules::kControl, Qt::ControlModifier, u"ctrl", u'\u2303'},
     {ShortcutRules::kOption, Qt::AltModifier, u"alt", u'\u2325'},
     {ShortcutRules::kShift, Qt::ShiftModifier, u"shift", u'\u21e7'},
@@ -27,7 +28,8 @@ using KeyMap = QHash<quint32, QString>;
 KeyMap initKeyMap()
 {
     KeyMap map{{33, QStringLiteral("[")}, {30, QStringLiteral("]")}};
-    QStringList words = QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789,./").split(QString(), Qt::SkipEmptyParts);
+    QStringList words =
+        QStringLiteral("abcdefghijklmnopqrstuvwxyz0123456789,./").split(QString(), Qt::SkipEmptyParts);
     for (int number = 1; number <= kFunctionKeys; ++number)
         words << QStringLiteral("f%1").arg(number);
     for (const QString& word : words)

@@ -69,6 +69,7 @@ void VerbService::handle(const QString& verb, const ResidentServer::Answer& answ
 {
     if (!m_delegate.hasBegun()) {
         m_waiting.emplace_back(verb, answer);
+        m_delegate.endGreeting();
     } else if (verb == ResidentLink::startVerb()) {
         m_delegate.openMenu();
         answer(replyToStart());

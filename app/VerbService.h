@@ -7,7 +7,8 @@
 #include <vector>
 
 // Carries out the verbs that later starts of the program hand over. A capture's or a tool's verb is answered
-// when it has ended; verbs that come during the launch wait for its end.
+// when it has ended; verbs that come during the launch wait for its end, which comes sooner for
+// them.
 class VerbService {
 public:
     // Borrows the delegate, which must outlive the service, and listens to its captures.

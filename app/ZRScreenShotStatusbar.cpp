@@ -87,7 +87,6 @@ ZRScreenShotStatusbar::ZRScreenShotStatusbar(StatusItemHost& host, StatusbarActi
     , statusbarMenu(std::make_unique<QMenu>())
 {
     addItems();
-    mMenuOptions->setVisible(false); // there are no preferences yet
     NotificationCenter::defaultCenter().addObserver(*this, QString::fromUtf16(ModalSession::kChanged),
         [this](const QVariantMap&) { monitorApplicationModalWindow(); });
 }

@@ -3,6 +3,7 @@
 #include "capture/ColourSwatch.h"
 #include "capture/ToolScreen.h"
 #include "commonutils/NotificationCenter.h"
+#include "customui/PanelLook.h"
 #include "settings/AppSettings.h"
 #include "settings/SettingsKeys.h"
 
@@ -29,11 +30,7 @@ constexpr int kFieldHeight = 26;
 constexpr qsizetype kLongHtmlText = 6; // the shortest that is no three digits
 constexpr int kCopiedMs = 1200;
 
-constexpr QColor kPanel(240, 248, 255);
-constexpr QColor kInk(31, 41, 55);
-constexpr QColor kAccent(42, 123, 244);
 constexpr QColor kWrong(190, 32, 32);
-constexpr QColor kSeparator(200, 214, 232);
 
 struct Stepper {
     const char16_t* key;
@@ -54,18 +51,6 @@ constexpr int kFirstOfHsl = 3;
 QString text(const QString& key)
 {
     return AppSettings::getXMLValueForKeywords(QStringLiteral("Lumora:Color:") + key);
-}
-
-QPalette panelPalette()
-{
-    QPalette palette(kPanel);
-    palette.setColor(QPalette::WindowText, kInk);
-    palette.setColor(QPalette::Text, kInk);
-    palette.setColor(QPalette::ButtonText, kInk);
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Highlight, kAccent);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
 }
 
 QString buttonLook()
@@ -211,11 +196,7 @@ QLayout* ZRColorWindow::pickRow()
 QWidget* ZRColorWindow::separator()
 {
     auto* line = new QWidget(this);
-    line->setFixedHeight(1);
-    line->setAutoFillBackground(true);
-    QPalette palette;
-    palette.setColor(QPalette::Window, kSeparator);
-    line->setPalette(palette);
+    makeSeparator(*line);
     return line;
 }
 
