@@ -28,6 +28,7 @@ PreferencesWindow::PreferencesWindow(Workspace& workspace)
     m_scroll->setPalette(mPreferencesContentView->palette());
     setContentView(m_scroll);
     mPreferencesContentView->onSizeChange = [this] { fit(); };
+    onClose = [this] { exitTypeShortcut(); };
 }
 
 PreferencesWindow::~PreferencesWindow()

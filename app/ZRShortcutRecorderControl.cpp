@@ -33,6 +33,11 @@ constexpr QColor kWrong(190, 32, 32);
 constexpr QColor kInk(31, 41, 55);
 constexpr QColor kSoftInk(92, 105, 123);
 
+bool isTab(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+}
+
 bool isModifier(const QKeyEvent& event)
 {
     constexpr int kKeys[] = {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta, Qt::Key_Super_L,
@@ -212,10 +217,10 @@ void ZRShortcutRecorderControl::leaveEvent(QEvent*)
     update();
 }
 
-// Every key is passed on, recorded ones too.
+// Every key is passed on, recorded ones too; but no Tab, which would take the focus elsewhere.
 void ZRShortcutRecorderControl::keyPressEvent(QKeyEvent* event)
 {
-    event->ignore();
+    event->setAccepted(_isRecoding && isTab(*event));
     if (!_isRecoding) {
         if (event->key() == Qt::Key_Space && !event->isAutoRepeat() && !isTyping())
             startRecoding();
@@ -275,11 +280,6 @@ void ZRShortcutRecorderControl::focusOutEvent(QFocusEvent* event)
     if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
         exitTypeShortcut();
     update();
-}
-
-void ZRShortcutRecorderControl::hideEvent(QHideEvent*)
-{
-    exitTypeShortcut();
 }
 
 void ZRShortcutRecorderControl::resizeEvent(QResizeEvent*)

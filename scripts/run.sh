@@ -51,6 +51,7 @@ cat >"$XDG_CONFIG_HOME/com.Lumora.Screenshot.plist" <<PLIST
 <?xml version="1.0" encoding="UTF-8"?>
 <plist version="1.0"><dict>
 <key>screenshotSavePath</key><string>$(printf %s "$pictures" | sed 's/&/\&amp;/g; s/</\&lt;/g')</string>
+<key>applicationIsNeedShowStartWindow</key><false/>
 </dict></plist>
 PLIST
 

@@ -102,6 +102,29 @@ TEST_F(EventMonitorTest, TellsWhichKeyIsRefusedUntilItWorks)
     EXPECT_EQ(EventMonitor::refusals().size(), 1);
 }
 
+TEST_F(EventMonitorTest, RestsUntilItIsToldToGoOn)
+{
+    bind();
+    EventMonitor::setResting(true);
+    EXPECT_TRUE(hotKeys.keys.empty());
+    AppSettings::setRegionScreenShotHotKey(QStringLiteral("cmd 9"));
+    bind();
+    EXPECT_TRUE(hotKeys.keys.empty());
+    EventMonitor::setResting(false);
+    ASSERT_EQ(hotKeys.keys.size(), 2U);
+    hotKeys.press(1);
+    EXPECT_EQ(fired, QStringList{QStringLiteral("cmd 9")});
+}
+
+TEST_F(EventMonitorTest, TellsWhyEachCapturesKeyIsRefused)
+{
+    AppSettings::setRegionScreenShotHotKey(QString());
+    hotKeys.refusal = QStringLiteral("taken");
+    bind();
+    EXPECT_EQ(EventMonitor::regionRefusal(), QString());
+    EXPECT_EQ(EventMonitor::fullRefusal(), QStringLiteral("taken"));
+}
+
 TEST_F(EventMonitorTest, PostsWhatTheMouseDoesOnceItIsStarted)
 {
     FakeDisplays displays; // one above and right of the first, at twice the scale

@@ -40,6 +40,15 @@ void Desktop::makeHome()
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         m_environment.insert(QLatin1String(variable), folder);
     }
+    declineGreeting();
+}
+
+void Desktop::declineGreeting() const
+{
+    QFile file(configFolder() + QStringLiteral("/com.Lumora.Screenshot.plist"));
+    if (file.open(QIODevice::WriteOnly))
+        file.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
+                   "<key>applicationIsNeedShowStartWindow</key><false/></dict></plist>\n");
 }
 
 bool Desktop::startServer(const DesktopOptions& options)

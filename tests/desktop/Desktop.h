@@ -54,6 +54,8 @@ public:
 
 private:
     void makeHome();
+    // The program under test starts without its start window.
+    void declineGreeting() const;
     bool setMonitor(const QString& name, QRect pixels, const char* output) const;
     bool startServer(const DesktopOptions& options);
     bool startWindowManager();

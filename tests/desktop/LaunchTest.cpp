@@ -21,7 +21,7 @@ TEST_F(Launch, GoesItsStepsInOrder)
     const QStringList expected{QStringLiteral("tool tips"), QStringLiteral("registered defaults"),
         QStringLiteral("channel"), QStringLiteral("common utilities"), QStringLiteral("languages"),
         QStringLiteral("save folder"), QStringLiteral("status bar"), QStringLiteral("update check"),
-        QStringLiteral("display list"), QStringLiteral("begin"), QStringLiteral("notifications"),
+        QStringLiteral("display list"), QStringLiteral("start window"), QStringLiteral("notifications"),
         QStringLiteral("status menu"), QStringLiteral("capture manager"), QStringLiteral("hot keys"),
         QStringLiteral("access to the save folder")};
     QStringList steps;

@@ -155,8 +155,10 @@ QString Program::settingsFile() const
     return m_desktop.configFolder() + QStringLiteral("/com.Lumora.Screenshot.plist");
 }
 
-void Program::writeSettings(const QVariantMap& values) const
+void Program::writeSettings(const QVariantMap& changes) const
 {
+    QVariantMap values{{QStringLiteral("applicationIsNeedShowStartWindow"), false}};
+    values.insert(changes);
     QString entries;
     for (auto value = values.begin(); value != values.end(); ++value)
         entries += QStringLiteral("<key>%1</key>%2\n").arg(value.key(), plistValue(value.value()));

@@ -65,8 +65,8 @@ public:
     QString residentErrors() const;
     QString settingsFile() const;
     // Writes the settings file as a user with a text editor would, after a first start: the default save
-    // folder stands, so that the next start leaves a chosen one alone.
-    void writeSettings(const QVariantMap& values) const;
+    // folder stands, so that the next start leaves a chosen one alone, and the start window is declined.
+    void writeSettings(const QVariantMap& changes) const;
 
     QString saveFolder() const;
     // The pictures in the save folder, the oldest first.
