@@ -25,6 +25,7 @@ constexpr double kButtonImage = 16;
 constexpr double kGap = 4;     // between the buttons, and to the field's edge
 constexpr int kTextMargin = 8; // beside a text that fills the field
 constexpr int kSmallestWidth = 200;
+constexpr int kKeyUpMs = 50; // a repeat's press follows its release sooner
 constexpr QColor kBorder(184, 202, 226);
 constexpr QColor kHoverBorder(130, 160, 205);
 constexpr QColor kAccent(42, 123, 244);
@@ -62,6 +63,9 @@ void ZRShortcutRecorderControl::setup()
 {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    m_keyUp.setSingleShot(true);
+    m_keyUp.setInterval(kKeyUpMs);
+    connect(&m_keyUp, &QTimer::timeout, this, [this] { heldKeyIsUp(); });
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setClickPlaceholder(AppSettings::getXMLValueForKeywords(u"Options:Hotkey:ClickToSetShortcut"));
     setTypeShortcutPlaceholder(AppSettings::getXMLValueForKeywords(u"Options:Hotkey:TypeShortcut"));
@@ -111,8 +115,9 @@ QString ZRShortcutRecorderControl::typedModifierFlagsStringValue() const
 
 void ZRShortcutRecorderControl::startRecoding()
 {
-    _isRecoding = true;
+    m_keyUp.stop();
     m_heldKey = 0;
+    _isRecoding = true;
     setFocus(Qt::OtherFocusReason);
     grabKeyboard();
     placeButtons();
@@ -221,8 +226,11 @@ void ZRShortcutRecorderControl::leaveEvent(QEvent*)
 void ZRShortcutRecorderControl::keyPressEvent(QKeyEvent* event)
 {
     event->setAccepted(_isRecoding && isTab(*event));
-    if (!_isRecoding) {
-        if (event->key() == Qt::Key_Space && !event->isAutoRepeat() && !isTyping())
+    if (m_heldKey != 0) {
+        if (event->nativeScanCode() == m_heldKey)
+            m_keyUp.stop();
+    } else if (!_isRecoding) {
+        if (event->key() == Qt::Key_Space && !event->isAutoRepeat())
             startRecoding();
     } else if (isFirstResponder() && isModifier(*event)) {
         flagsChanged(*event);
@@ -237,11 +245,18 @@ void ZRShortcutRecorderControl::keyReleaseEvent(QKeyEvent* event)
     if (_isRecoding && isFirstResponder() && isModifier(*event)) {
         flagsChanged(*event);
     } else if (m_heldKey != 0 && event->nativeScanCode() == m_heldKey && !event->isAutoRepeat()) {
-        m_heldKey = 0;
-        letGoOfKeyboard();
-        if (onTyping)
-            onTyping();
+        m_keyUp.start();
     }
+}
+
+void ZRShortcutRecorderControl::heldKeyIsUp()
+{
+    m_keyUp.stop();
+    if (std::exchange(m_heldKey, 0) == 0)
+        return;
+    letGoOfKeyboard();
+    if (onTyping)
+        onTyping();
 }
 
 void ZRShortcutRecorderControl::flagsChanged(const QKeyEvent& event)
@@ -291,11 +306,7 @@ bool ZRShortcutRecorderControl::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowDeactivate) {
         windowDidResignKey();
-        if (std::exchange(m_heldKey, 0) != 0) {
-            letGoOfKeyboard();
-            if (onTyping)
-                onTyping();
-        }
+        heldKeyIsUp(); // or at least nobody here learns when it is
     } else if (event->type() == QEvent::ShortcutOverride && _isRecoding) {
         event->accept(); // no key of the window's own fires meanwhile
     } else if (event->type() == QEvent::ToolTip && _isRecoding) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRectF>
+#include <QTimer>
 #include <QVariantMap>
 #include <QWidget>
 
@@ -75,6 +76,7 @@ private:
     void windowDidResignKey();
     void flagsChanged(const QKeyEvent& event);
     void keyDown(const QKeyEvent& event);
+    void heldKeyIsUp();
     void letGoOfKeyboard();
     void unregisterFirstResponder();
     void showShortcut();
@@ -108,4 +110,5 @@ private:
     QString m_typePlaceholder;
     QString m_refusal;
     quint32 m_heldKey = 0; // the scan code of the recorded key until it is up; 0 for none
+    QTimer m_keyUp;        // runs from a release of that key until it is known to be no repeat's
 };

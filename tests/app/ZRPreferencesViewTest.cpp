@@ -77,6 +77,7 @@ protected:
         QTest::mouseClick(&field, Qt::LeftButton);
         KeyStroke::press(field, key, Qt::MetaModifier);
         KeyStroke::release(field, key, Qt::MetaModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&field] { return !field.isTyping(); }, 2000));
     }
 
     QTemporaryDir folder;

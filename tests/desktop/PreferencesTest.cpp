@@ -1,0 +1,283 @@
+#include "tests/desktop/ProgramTest.h"
+#include "tests/desktop/TestWindow.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+namespace {
+
+// The parts of the window in English, from its content's corner.
+constexpr QPoint kAutoStart(44, 55);
+constexpr QPoint kLanguage(158, 87);
+constexpr QPoint kRegionField(264, 176);
+constexpr QPoint kSnapBack(327, 176);
+constexpr QPoint kClear(351, 176);
+constexpr QPoint kFullField(264, 214);
+constexpr QPoint kChangeFolder(361, 325);
+constexpr QPoint kConfirm(44, 366);
+constexpr QPoint kOpenPage(44, 394);
+constexpr QPoint kEndpoint(290, 426);
+constexpr QPoint kTest(483, 426);
+constexpr QPoint kNormalQuality(140, 467);
+constexpr QPoint kFormat(152, 499);
+constexpr QPoint kSecureMosaic(44, 531);
+constexpr QPoint kKeepLast(44, 559);
+
+constexpr Key kDigit5 = Key(14);
+constexpr Key kSemicolon = Key(47);
+constexpr Key kF2 = Key(68);
+constexpr Key kPageDown = Key(117);
+
+// The preferences, opened from the menu as a user does.
+class PreferencesWindow : public ProgramTest {
+protected:
+    PreferencesWindow()
+        : ProgramTest({{1280, 800}, true, false})
+    {
+    }
+    void SetUp() override
+    {
+        ProgramTest::SetUp();
+        ASSERT_TRUE(m_program.startResident());
+        ASSERT_TRUE(openPreferences());
+    }
+
+    bool openPreferences()
+    {
+        m_desktop.input().moveTo({100, 100});
+        m_program.run({QStringLiteral("menu")});
+        waitUntil([this] { return m_desktop.server().isKeyboardTaken(); });
+        for (const Key key : {Key::Up, Key::Up, Key::Up, Key::Return}) // the last entry but two
+            m_desktop.input().chord({key});
+        return waitForTitle("Preferences");
+    }
+    bool waitForTitle(const char* title)
+    {
+        const XClient& server = m_desktop.server();
+        const bool isThere =
+            waitUntil([&] { return server.title(server.focusedWindow()) == QString::fromUtf8(title); });
+        m_window = server.focusedWindow();
+        m_desktop.settledScreen();
+        return isThere;
+    }
+    void click(QPoint part)
+    {
+        const XClient& server = m_desktop.server();
+        const QPoint corner = server.geometry(server.parent(m_window)).topLeft();
+        const QPoint place = corner + server.geometry(m_window).topLeft() + part;
+        m_desktop.input().moveTo(place - QPoint(2, 0));
+        m_desktop.input().moveTo(place);
+        m_desktop.input().click(Button::Left);
+    }
+    void startRecording(QPoint field)
+    {
+        click(field);
+        EXPECT_TRUE(waitUntil([this] { return m_desktop.server().isKeyboardTaken(); }));
+    }
+    void record(QPoint field, std::initializer_list<Key> keys)
+    {
+        startRecording(field);
+        m_desktop.input().chord(keys);
+        EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
+    }
+
+    // The settings file's value of a key as it is written; null when there is none.
+    QString stored(const char* key) const
+    {
+        QFile file(m_program.settingsFile());
+        if (!file.open(QIODevice::ReadOnly))
+            return {};
+        const QRegularExpression entry(
+            QStringLiteral("<key>%1</key>\\s*<(?:(true|false)/>|\\w+>([^<]*)<|string/>)")
+                .arg(QLatin1String(key)));
+        const QRegularExpressionMatch match = entry.match(QString::fromUtf8(file.readAll()));
+        return match.hasMatch() ? match.captured(1) + match.captured(2) : QString();
+    }
+    testing::AssertionResult becomes(const char* key, const char* value) const
+    {
+        if (waitUntil([&] { return stored(key) == QLatin1String(value); }))
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure() << key << " is " << qPrintable(stored(key));
+    }
+    bool opensOverlay(std::initializer_list<Key> keys, int milliseconds)
+    {
+        m_desktop.input().chord(keys);
+        const bool isOpen = waitUntil([this] { return m_program.overlay() != XCB_NONE; }, milliseconds);
+        if (isOpen)
+            m_desktop.input().click(Button::Right);
+        return waitForRest() && isOpen;
+    }
+
+    xcb_window_t m_window = XCB_NONE;
+};
+
+constexpr const char* kRegionKey = "hotkeyRegionScreenShot";
+constexpr const char* kFullKey = "hotkeyFullScreenShot";
+
+} // namespace
+
+TEST_F(PreferencesWindow, RecordAHotKeyThatWorksAtOnceAndAfterARestart)
+{
+    record(kRegionField, {Key::Super, Key::Digit1}); // the one that is shown
+    EXPECT_EQ(m_program.overlay(), XCB_NONE);
+    EXPECT_TRUE(becomes(kRegionKey, "cmd 1"));
+    record(kRegionField, {Key::Shift, Key::Super, Key::Digit9});
+    EXPECT_TRUE(becomes(kRegionKey, "shift cmd 9"));
+    EXPECT_TRUE(opensOverlay({Key::Shift, Key::Super, Key::Digit9}, 5000));
+    EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit1}, 300));
+    ASSERT_EQ(m_program.quitResident(), 0);
+    ASSERT_TRUE(m_program.startResident());
+    EXPECT_TRUE(opensOverlay({Key::Shift, Key::Super, Key::Digit9}, 5000));
+}
+
+TEST_F(PreferencesWindow, StartNothingWhileTheRecordedKeyIsHeld)
+{
+    startRecording(kRegionField);
+    m_desktop.input().press(Key::Super);
+    m_desktop.input().press(Key::Digit9);
+    EXPECT_TRUE(becomes(kRegionKey, "cmd 9"));
+    QThread::msleep(900); // the key repeats
+    EXPECT_EQ(m_program.overlay(), XCB_NONE);
+    m_desktop.input().releaseAll();
+    EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
+    EXPECT_TRUE(waitUntil([this] { return opensOverlay({Key::Super, Key::Digit9}, 300); }));
+}
+
+TEST_F(PreferencesWindow, RecordNoKeyWithoutAPlaceOfItsOwn)
+{
+    startRecording(kRegionField);
+    for (const std::initializer_list<Key>& keys : std::initializer_list<std::initializer_list<Key>>{
+             {kDigit5}, {Key::Escape}, {Key::Tab}, {Key::Super, Key::Left}, {Key::Super, kF2}})
+        m_desktop.input().chord(keys);
+    EXPECT_TRUE(m_desktop.server().isKeyboardTaken());
+    m_desktop.input().chord({Key::Super, kSemicolon});
+    EXPECT_TRUE(becomes(kRegionKey, "cmd K"));
+    record(kFullField, {Key::Super, kPageDown});
+    EXPECT_TRUE(becomes(kFullKey, "cmd F2"));
+    m_before = m_desktop.settledScreen();
+    EXPECT_TRUE(samePixels(pictureAfter({Key::Super, kPageDown}), m_before));
+}
+
+TEST_F(PreferencesWindow, ClearOneHotKeyAndLeaveTheOther)
+{
+    startRecording(kRegionField);
+    click(kClear);
+    EXPECT_TRUE(becomes(kRegionKey, ""));
+    EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit1}, 300));
+    m_before = m_desktop.settledScreen();
+    EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before));
+    startRecording(kFullField);
+    click(kSnapBack + QPoint(0, kFullField.y() - kRegionField.y()));
+    EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
+    EXPECT_FALSE(pictureAfter({Key::Super, Key::Digit2}).isNull());
+}
+
+TEST_F(PreferencesWindow, LoseAShortcutWithTheFocus)
+{
+    const TestWindow other(m_desktop.displayName(), {{20, 40, 200, 200}});
+    startRecording(kRegionField);
+    m_desktop.input().moveTo({100, 120});
+    m_desktop.input().click(Button::Left);
+    EXPECT_TRUE(becomes(kRegionKey, ""));
+    EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
+}
+
+TEST_F(PreferencesWindow, MarkAHotKeyThatAnotherProgramHas)
+{
+    const XClient other(m_desktop.displayName());
+    xcb_grab_key(other.connection(), false, other.root(), XCB_MOD_MASK_4, quint8(Key::Digit9),
+        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    other.sync();
+    const int height = m_desktop.server().geometry(m_window).height();
+    record(kRegionField, {Key::Super, Key::Digit9});
+    EXPECT_TRUE(becomes(kRegionKey, "cmd 9"));
+    EXPECT_TRUE(waitUntil([&] { return m_desktop.server().geometry(m_window).height() > height; }));
+    record(kRegionField, {Key::Super, kDigit5});
+    EXPECT_TRUE(waitUntil([&] { return m_desktop.server().geometry(m_window).height() == height; }));
+    EXPECT_TRUE(opensOverlay({Key::Super, kDigit5}, 5000));
+}
+
+TEST_F(PreferencesWindow, ChooseTheFolderInADialog)
+{
+    const QString folder = m_program.saveFolder() + QStringLiteral("/a");
+    ASSERT_TRUE(QDir().mkpath(folder));
+    for (const Key end : {Key::Escape, Key::Return}) {
+        SCOPED_TRACE(int(end));
+        click(kChangeFolder);
+        ASSERT_TRUE(waitForTitle("Screenshot folder"));
+        EXPECT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 5);
+        if (end == Key::Return)
+            m_desktop.input().chord({Key::A});
+        m_desktop.input().chord({end});
+        ASSERT_TRUE(waitForTitle("Preferences"));
+    }
+    EXPECT_TRUE(becomes("screenshotSavePath", qPrintable(folder)));
+    m_desktop.input().chord({Key::Super, Key::Digit2});
+    EXPECT_TRUE(waitUntil([&] { return Program::allFiles(folder).size() == 1; }));
+}
+
+TEST_F(PreferencesWindow, WriteEveryOptionAtOnce)
+{
+    const struct {
+        QPoint part;
+        const char* key;
+        const char* once;
+        const char* twice;
+    } cases[] = {
+        {kAutoStart, "applicationAutoLaunch", "true", "false"},
+        {kConfirm, "needShowUplopadToCloundView", "false", "true"},
+        {kOpenPage, "openScreenshotLinkAfterUpload", "false", "true"},
+        {kSecureMosaic, "mosaicIsSecure", "true", "false"},
+        {kKeepLast, "lastCaptureIsKept", "false", "true"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.key);
+        click(c.part);
+        EXPECT_TRUE(becomes(c.key, c.once));
+        EXPECT_EQ(
+            QDir(m_desktop.configFolder() + QStringLiteral("/autostart")).count() > 2, c.part == kAutoStart);
+        click(c.part);
+        EXPECT_TRUE(becomes(c.key, c.twice));
+    }
+    click(kNormalQuality);
+    EXPECT_TRUE(becomes("userNeedImageQuality", "16"));
+    click(kEndpoint);
+    m_desktop.settledScreen(); // a click may pass through the window manager, a key does not
+    m_desktop.input().chord({Key::A});
+    EXPECT_TRUE(becomes("uploadEndpoint", "a"));
+    const int height = m_desktop.server().geometry(m_window).height();
+    click(kTest);
+    EXPECT_TRUE(waitUntil([&] { return m_desktop.server().geometry(m_window).height() > height; }));
+}
+
+TEST_F(PreferencesWindow, ChangeFormatAndLanguageInTheirMenus)
+{
+    click(kFormat);
+    ASSERT_TRUE(waitUntil([this] { return m_desktop.server().isKeyboardTaken(); }));
+    for (const Key key : {Key::Down, Key::Down, Key::Return})
+        m_desktop.input().chord({key});
+    EXPECT_TRUE(becomes("screenshotType", ".jpg"));
+    ASSERT_FALSE(pictureAfter({Key::Super, Key::Digit2}).isNull());
+    EXPECT_TRUE(m_program.savedPictures().last().endsWith(QLatin1String(".jpg")));
+    click(kLanguage);
+    ASSERT_TRUE(waitUntil([this] { return m_desktop.server().isKeyboardTaken(); }));
+    for (int i = 0; i < 9; ++i)
+        m_desktop.input().chord({Key::Down});
+    m_desktop.input().chord({Key::Return});
+    EXPECT_TRUE(waitForTitle("Einstellungen"));
+    EXPECT_TRUE(becomes("clientLang", "German"));
+}
+
+TEST_F(PreferencesWindow, FollowTheFileThatIsWrittenByHand)
+{
+    startRecording(kRegionField);
+    m_program.writeSettings({{QStringLiteral("clientLang"), QStringLiteral("German")},
+        {QStringLiteral("hotkeyRegionScreenShot"), QStringLiteral("cmd 9")}});
+    EXPECT_TRUE(waitForTitle("Einstellungen"));
+    EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit9}, 300)); // it is recorded
+    EXPECT_TRUE(opensOverlay({Key::Super, Key::Digit9}, 5000));
+    QDir(m_program.saveFolder()).removeRecursively();
+    m_desktop.input().chord({Key::Escape});
+    EXPECT_TRUE(waitUntil([this] { return m_desktop.server().focusedWindow() != m_window; }));
+    EXPECT_TRUE(m_program.answers());
+}
