@@ -160,9 +160,11 @@ void ZRPreferencesView::connectChoices()
     connect(
         m_ui->mChooseSavePathBtn, &QPushButton::clicked, this, [this] { openScreenShotSavePathSelecter(); });
     connect(m_ui->mOpenFolder, &QPushButton::clicked, this, [this] { openFolder(); });
-    connect(m_ui->mEndpointField, &QLineEdit::textEdited, this,
-        [](const QString& address) { AppSettings::setUploadEndpoint(address.trimmed()); });
-    connect(m_ui->mEndpointField, &QLineEdit::returnPressed, this, [this] { testEndpoint(); });
+    connect(m_ui->mEndpointField, &QLineEdit::textEdited, this, [this](const QString& address) {
+        AppSettings::setUploadEndpoint(address.trimmed());
+        allowTest();
+    });
+    connect(m_ui->mEndpointField, &QLineEdit::returnPressed, m_ui->mEndpointTestBtn, &QPushButton::click);
     connect(m_ui->mEndpointTestBtn, &QPushButton::clicked, this, [this] { testEndpoint(); });
 }
 
@@ -176,6 +178,7 @@ void ZRPreferencesView::initialize()
     if (m_ui->mEndpointField->text().trimmed() != AppSettings::uploadEndpoint())
         m_ui->mEndpointField->setText(AppSettings::uploadEndpoint());
     showText(m_ui->mEndpointResultLabel, {});
+    allowTest();
     changeText();
 }
 
@@ -390,6 +393,11 @@ void ZRPreferencesView::openFolder()
     sizeChanged();
 }
 
+void ZRPreferencesView::allowTest()
+{
+    m_ui->mEndpointTestBtn->setEnabled(!AppSettings::uploadEndpoint().isEmpty());
+}
+
 void ZRPreferencesView::testEndpoint()
 {
     m_ui->mEndpointTestBtn->setEnabled(false);
@@ -408,7 +416,7 @@ void ZRPreferencesView::showResult(const QString& failure)
     showText(label, failure.isEmpty()
                         ? text(u"Lumora:Upload:TestSucceeded")
                         : text(u"Lumora:Upload:TestFailed").replace(QLatin1String("[#Reason#]"), failure));
-    m_ui->mEndpointTestBtn->setEnabled(true);
+    allowTest();
     sizeChanged();
 }
 

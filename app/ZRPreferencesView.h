@@ -58,6 +58,7 @@ private:
     void openScreenShotSavePathSelecter();
     void chooseSavePath(const QString& path);
     void openFolder();
+    void allowTest();
     void testEndpoint();
 
     void updateLangMenu();

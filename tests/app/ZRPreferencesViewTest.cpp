@@ -194,6 +194,7 @@ TEST_F(Preferences, TellOfAFolderThatCannotBeUsed)
 TEST_F(Preferences, TestTheUploadAddress)
 {
     const auto& result = part<QLabel>("mEndpointResultLabel");
+    EXPECT_FALSE(part<QPushButton>("mEndpointTestBtn").isEnabled()); // there is no address
     AppSettings::setUploadEndpoint(QStringLiteral("https://b.example"));
     for (const QString& failure : {QString(), QStringLiteral("refused")}) {
         SCOPED_TRACE(failure.toStdString());
