@@ -152,6 +152,6 @@ std::optional<HotKeyTables::Chord> HotKeyTables::pressed(const QKeyEvent& event)
     const auto value = [held](Qt::KeyboardModifier modifier, quint32 mask) {
         return held.testFlag(modifier) ? mask : 0;
     };
-    return Chord{*keyCode, value(Qt::MetaModifier, 256) + value(Qt::ShiftModifier, 512) +
-                               value(Qt::AltModifier, 2048) + value(Qt::ControlModifier, 4096)};
+    return Chord{*keyCode, value(commandModifier(), 256) + value(Qt::ShiftModifier, 512) +
+                               value(Qt::AltModifier, 2048) + value(controlModifier(), 4096)};
 }

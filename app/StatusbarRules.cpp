@@ -1,5 +1,6 @@
 #include "app/StatusbarRules.h"
 
+#include "platform/KeyPosition.h"
 #include "settings/AppSettings.h"
 
 namespace {
@@ -8,13 +9,13 @@ const QString kHover = QStringLiteral("-hover");
 
 struct Modifier {
     quint32 flag; // as AppSettings has it
-    Qt::Modifier modifier;
+    Qt::KeyboardModifier modifier;
 };
-constexpr Modifier kModifiers[] = {
-    {0x20000, Qt::SHIFT},
-    {0x40000, Qt::CTRL},
-    {0x80000, Qt::ALT},
-    {0x100000, Qt::META},
+const Modifier kModifiers[] = {
+    {0x20000, Qt::ShiftModifier},
+    {0x40000, controlModifier()},
+    {0x80000, Qt::AltModifier},
+    {0x100000, commandModifier()},
 };
 
 Qt::Key keyOf(const QString& word)
@@ -48,6 +49,6 @@ QKeySequence StatusbarRules::keyEquivalent(const QString& hotKey)
     Qt::KeyboardModifiers modifiers;
     for (const Modifier& m : kModifiers)
         if (flags & m.flag)
-            modifiers |= Qt::KeyboardModifiers::fromInt(m.modifier);
+            modifiers |= m.modifier;
     return QKeySequence(QKeyCombination(modifiers, key));
 }

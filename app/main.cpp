@@ -13,7 +13,6 @@
 
 #include <QApplication>
 #include <QLockFile>
-#include <QStandardPaths>
 
 #include <cstdio>
 
@@ -40,8 +39,8 @@ int runResident(int& argc, char** argv)
     TerminationSignals signalsOfTheSystem;
     CommLog::start(QStringLiteral("lumora-screenshot"));
     CommLog::writeStartHeader();
-    UserDefaults settings(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
-        AppSettings::AppBundleId(), AppSettings::AppOldBundleId());
+    const QStringList domains{AppSettings::AppBundleId(), AppSettings::AppOldBundleId()};
+    UserDefaults settings(preferencesFolder(domains), domains[0], domains[1]);
     settings.startWatching();
     UserDefaults::setStandardUserDefaults(&settings);
     Platform platform = makePlatform();

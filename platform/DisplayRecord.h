@@ -9,11 +9,12 @@
 // One display as the desktop has it. A value: it stays as it was when the display changes or goes.
 // `Display` alone is a name that Qt's headers declare for X11.
 struct DisplayRecord {
-    int id = 0;       // the same for as long as the display stays connected
-    QString name;     // the name Qt's screen of this display carries too
-    QRect pixels;     // device pixels; origin top-left of the first display, y grows downwards
-    double scale = 1; // device pixels a point
-    ZRRect frame;     // points; origin bottom-left of the first display, y grows upwards
+    int id = 0;            // the same for as long as the display stays connected
+    QString name;          // the name Qt's screen of this display carries too
+    QRect pixels;          // device pixels; origin top-left of the first display, y grows downwards
+    double scale = 1;      // device pixels a point
+    ZRRect frame;          // points; origin bottom-left of the first display, y grows upwards
+    QString productName{}; // as its maker calls it; empty where the desktop does not tell
 
     bool isValid() const { return !pixels.isEmpty(); }
     // `pixel` in the space of `pixels`.

@@ -11,6 +11,8 @@
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
 
+#include <QStringList>
+
 #include <memory>
 
 // Everything that only the operating system can do. One implementation a folder; it returns reasons and never
@@ -33,5 +35,8 @@ struct Platform {
 QString desktopProblem();
 // Names this desktop session among others of the same user, as a part of a file name.
 QString desktopSessionName();
+// The folder of the settings, a property list "<domain>.plist" for each of these domains. What the desktop
+// has kept of a domain elsewhere, where there is no such file yet, stands there afterwards.
+QString preferencesFolder(const QStringList& domains);
 // Every member set. Needs the application object and a desktop without a problem.
 Platform makePlatform();

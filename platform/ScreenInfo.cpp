@@ -31,7 +31,8 @@ ScreenInfo::ScreenInfo(QString name, ZRRect frame, int displayId, double scaleFa
 }
 
 ScreenInfo::ScreenInfo(const DisplayRecord& display)
-    : ScreenInfo(display.name, display.frame, display.id, display.scale)
+    : ScreenInfo(display.productName.isEmpty() ? display.name : display.productName, display.frame,
+          display.id, display.scale)
 {
 }
 

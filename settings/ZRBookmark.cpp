@@ -43,9 +43,15 @@ bool ZRBookmark::removeFileBookmarkInfoWithFilePath(const QString& path)
     return wasThere;
 }
 
-// Empty where no data is stored under the path, or it leads nowhere.
+// Empty where no data is stored under the path, or it leads nowhere. Data that is out of date is replaced.
 QString ZRBookmark::resolved(const QString& path) const
 {
     const QByteArray bookmark = ZRUserDefaultKit::getFromUserDefaultsData(path);
-    return m_files && !bookmark.isEmpty() ? m_files->resolved(bookmark) : QString();
+    if (!m_files || bookmark.isEmpty())
+        return {};
+    QByteArray renewed;
+    QString target = m_files->resolved(bookmark, &renewed);
+    if (!renewed.isEmpty())
+        ZRUserDefaultKit::saveToUserDefaultsForKeyObjectValue(path, renewed);
+    return target;
 }

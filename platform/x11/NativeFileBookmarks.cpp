@@ -8,7 +8,7 @@ QByteArray NativeFileBookmarks::bookmarkData(const QString& path) const
     return QFile::exists(path) ? QFile::encodeName(path) : QByteArray();
 }
 
-QString NativeFileBookmarks::resolved(const QByteArray& bookmark) const
+QString NativeFileBookmarks::resolved(const QByteArray& bookmark, QByteArray*) const
 {
     QString path = QFile::decodeName(bookmark);
     return QFile::exists(path) ? path : QString();

@@ -6,7 +6,7 @@
 class NativeFileBookmarks final : public FileBookmarks {
 public:
     QByteArray bookmarkData(const QString& path) const override;
-    QString resolved(const QByteArray& bookmark) const override;
+    QString resolved(const QByteArray& bookmark, QByteArray* renewed) const override;
     bool startAccessing(const QString& path) override;
     void stopAccessing(const QString& path) override;
 };

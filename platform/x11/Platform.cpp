@@ -13,6 +13,7 @@
 #include "platform/x11/NativeWorkspace.h"
 
 #include <QCoreApplication>
+#include <QStandardPaths>
 
 namespace {
 
@@ -43,6 +44,11 @@ QString desktopProblem()
 QString desktopSessionName()
 {
     return sessionNameOf(environment().display);
+}
+
+QString preferencesFolder(const QStringList&)
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
 }
 
 Platform makePlatform()

@@ -11,8 +11,10 @@ public:
     {
         return isPermitted ? path.toUtf8() + '*' : QByteArray();
     }
-    QString resolved(const QByteArray& bookmark) const override
+    QString resolved(const QByteArray& bookmark, QByteArray* renewed) const override
     {
+        if (isStale && renewed)
+            *renewed = target.toUtf8() + '*';
         asked.append(QString::fromUtf8(bookmark));
         return target;
     }
@@ -24,6 +26,7 @@ public:
     void stopAccessing(const QString& path) override { open.removeOne(path); }
 
     bool isPermitted = true;
+    bool isStale = false; // every bookmark is out of date
     QString target;
     QStringList open;
     mutable QStringList asked; // the bookmarks, in order

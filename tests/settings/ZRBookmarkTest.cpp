@@ -51,6 +51,15 @@ TEST_F(Bookmark, OpensNothingThatIsNotStored)
     EXPECT_FALSE(m_bookmark.removeFileBookmarkInfoWithFilePath(m_path));
 }
 
+TEST_F(Bookmark, ReplacesWhatIsOutOfDate)
+{
+    ASSERT_TRUE(m_bookmark.saveOpenFileToBookmarkWithFilePath(m_path));
+    m_files.isStale = true;
+    EXPECT_TRUE(m_bookmark.BookmarkStartAccessingSecurityScopedResourceWithFilePath(m_path));
+    EXPECT_EQ(m_folder.onDisk(), (QVariantMap{{m_path, QByteArray("/renamed*")}}));
+    EXPECT_EQ(m_files.open, QStringList(m_target));
+}
+
 TEST_F(Bookmark, AnswersNoWhereThePermissionIsGone)
 {
     ASSERT_TRUE(m_bookmark.saveOpenFileToBookmarkWithFilePath(m_path));

@@ -13,11 +13,11 @@ TEST(NativeFileBookmarks, LeadToTheFolderAsLongAsItStands)
     EXPECT_TRUE(bookmarks.bookmarkData(folder).isEmpty());
     ASSERT_TRUE(QDir().mkdir(folder));
     const QByteArray bookmark = bookmarks.bookmarkData(folder);
-    EXPECT_EQ(bookmarks.resolved(bookmark), folder);
+    EXPECT_EQ(bookmarks.resolved(bookmark, nullptr), folder);
     EXPECT_TRUE(bookmarks.startAccessing(folder));
     bookmarks.stopAccessing(folder);
     ASSERT_TRUE(QDir().rmdir(folder));
-    EXPECT_EQ(bookmarks.resolved(bookmark), QString());
+    EXPECT_EQ(bookmarks.resolved(bookmark, nullptr), QString());
     EXPECT_FALSE(bookmarks.startAccessing(folder));
-    EXPECT_EQ(bookmarks.resolved({}), QString());
+    EXPECT_EQ(bookmarks.resolved({}, nullptr), QString());
 }
