@@ -7,18 +7,14 @@ set -eu
 cd "$(dirname "$0")/.."
 self=scripts/check-macos.sh
 compile=platform/macos/check/compile.sh
-work=build/check-macos
+work=${CHECK_WORK-build/check-macos} # what it writes
 failed=0
 mkdir -p "$work"
 
-# each KIND TARGET NAME [HEADERS] < sources
+# each KIND TARGET NAME [HEADERS] < sources: false where one of them has a fault.
 each() {
-    if ! xargs -P "$(nproc)" -I{} "$compile" "$1" "$2" {} ${4+"$4"}; then
-        echo "check-macos: $3: faults" >&2
-        failed=1
-    else
-        echo "check-macos: $3: no fault"
-    fi
+    xargs -P "$(nproc)" -I{} "$compile" "$1" "$2" {} ${4+"$4"} || { echo "check-macos: $3: faults" >&2; return 1; }
+    echo "check-macos: $3: no fault"
 }
 sources() { ls platform/macos/*."$1"; }
 headers() { "$compile" header "$1" platform/macos/check/qt.h "$work/qt-$1.pch"; }
@@ -29,13 +25,13 @@ check() {
             { echo "check-macos: $source is not built" >&2; failed=1; }
     done
     # The oldest target reads each source by itself, so that none leans on what another one includes.
-    { sources mm; sources cpp; } | each type 12 "types for macOS 12"
+    { sources mm; sources cpp; } | each type 12 "types for macOS 12" || failed=1
     for target in 12 13 14 15; do headers "$target" & done
     wait
     for target in 13 14 15; do
-        sources mm | each type "$target" "types for macOS $target" "$work/qt-$target.pch"
+        sources mm | each type "$target" "types for macOS $target" "$work/qt-$target.pch" || failed=1
     done
-    sources mm | each analyze 12 "analyzer" "$work/qt-12.pch"
+    sources mm | each analyze 12 "analyzer" "$work/qt-12.pch" || failed=1
     exit "$failed"
 }
 

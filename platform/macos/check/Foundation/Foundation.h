@@ -52,7 +52,6 @@ __attribute__((objc_root_class)) @interface NSObject
 @class NSArray<Element>, NSDictionary<Key, Value>, NSError, NSURL;
 
 @interface NSString : NSObject <NSCopying>
-@property (readonly) NSUInteger length;
 - (BOOL)hasPrefix:(NSString*)text;
 @end
 
@@ -72,23 +71,23 @@ __attribute__((objc_root_class)) @interface NSObject
 @interface NSArray<__covariant Element> : NSObject <NSFastEnumeration>
 @property (readonly) NSUInteger count;
 @property (readonly) Element firstObject;
++ (instancetype)array;
 + (instancetype)arrayWithObjects:(const Element[])objects count:(NSUInteger)count;
 @end
 
 @interface NSMutableArray<Element> : NSArray<Element>
-+ (instancetype)array;
 - (void)addObject:(Element)object;
 @end
 
 @interface NSDictionary<__covariant Key, __covariant Value> : NSObject <NSFastEnumeration>
 @property (readonly) NSUInteger count;
 @property (readonly) NSArray<Value>* allValues;
++ (instancetype)dictionary;
 - (Value)objectForKeyedSubscript:(Key)key;
 - (BOOL)writeToURL:(NSURL*)url error:(NSError**)error API_AVAILABLE(macos(10.13));
 @end
 
 @interface NSMutableDictionary<Key, Value> : NSDictionary<Key, Value>
-+ (instancetype)dictionary;
 - (void)setObject:(Value)object forKeyedSubscript:(Key<NSCopying>)key;
 @end
 
