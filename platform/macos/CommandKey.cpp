@@ -1,0 +1,6 @@
+#include "platform/CommandKey.h"
+
+QString commandKeyName()
+{
+    return QStringLiteral("Command");
+}
