@@ -2,6 +2,7 @@
 
 #include "app/ZRPreferencesView.h"
 #include "customui/Images.h"
+#include "customui/PanelLook.h"
 #include "settings/AppSettings.h"
 
 #include <QCursor>
@@ -20,13 +21,13 @@ constexpr int kTitleBar = 40; // points kept free for it
 PreferencesWindow::PreferencesWindow(Workspace& workspace)
     : ZRCustomWindow({}, kTitledClosable, false, QColor(240, 248, 255))
     , m_scroll(new QScrollArea)
-    , mPreferencesContentView(new ZRPreferencesView(workspace, m_endpointTest))
+    , mPreferencesContentView(new ZRPreferencesView(workspace, m_endpointTest, m_scroll->viewport()))
 {
     setWindowIcon(iconNamed(QStringLiteral("Icon256x256")));
+    setPalette(panelPalette());
     m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setWidget(mPreferencesContentView);
-    m_scroll->setPalette(mPreferencesContentView->palette());
     setContentView(m_scroll);
+    m_scroll->setWidget(mPreferencesContentView); // in its place: a form that moves is dressed again
     mPreferencesContentView->onSizeChange = [this] { fit(); };
     onClose = [this] { exitTypeShortcut(); };
 }

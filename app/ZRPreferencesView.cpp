@@ -63,6 +63,13 @@ void storeHotKey(const ZRShortcutRecorderControl& field, const QString& hotKey)
         AppSettings::setFullScreenShotHotKey(hotKey);
 }
 
+// Not before it is seen: the look takes its time.
+void dress(QMenu& menu)
+{
+    if (menu.styleSheet().isEmpty())
+        menu.setStyleSheet(checkMenuStyleSheet());
+}
+
 // A refusal without a text of its own is still a refusal.
 QString refusalShown(const QString& reason, const QString& hotKey)
 {
@@ -76,8 +83,9 @@ QString refusalShown(const QString& reason, const QString& hotKey)
 
 }
 
-ZRPreferencesView::ZRPreferencesView(Workspace& workspace, EndpointTest& endpointTest)
-    : m_workspace(workspace)
+ZRPreferencesView::ZRPreferencesView(Workspace& workspace, EndpointTest& endpointTest, QWidget* parent)
+    : QWidget(parent)
+    , m_workspace(workspace)
     , m_endpointTest(endpointTest)
     , m_ui(std::make_unique<Ui::ZRPreferencesView>())
 {
@@ -113,7 +121,7 @@ void ZRPreferencesView::buildMenus()
     mLangMenu = new QMenu(this);
     m_formatMenu = new QMenu(this);
     for (QMenu* menu : {mLangMenu, m_formatMenu})
-        menu->setStyleSheet(checkMenuStyleSheet());
+        connect(menu, &QMenu::aboutToShow, menu, [menu] { dress(*menu); });
     m_ui->mLangMenuBtn->setMenu(mLangMenu);
     m_ui->mFileFormatBtn->setMenu(m_formatMenu);
     auto* group = new QActionGroup(m_formatMenu);

@@ -22,8 +22,8 @@ class ZRPreferencesView;
 // as large as its texts in the current language need.
 class ZRPreferencesView : public QWidget, private ShortcutRecordDelegate {
 public:
-    // Borrows both.
-    ZRPreferencesView(Workspace& workspace, EndpointTest& endpointTest);
+    // Borrows the first two.
+    ZRPreferencesView(Workspace& workspace, EndpointTest& endpointTest, QWidget* parent = nullptr);
     ~ZRPreferencesView() override;
 
     // Shows what the settings say, in the current language. A shortcut that is just being recorded stays.
