@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <future>
 #include <thread>
 
 namespace {
@@ -30,6 +31,7 @@ public:
 
     ~FakeSource() override
     {
+        m_end.set_value();
         for (std::thread& thread : m_threads)
             thread.join();
     }
@@ -49,8 +51,9 @@ public:
         if (reply.kind == Kind::AtOnce)
             onAnswer(reply.answer);
         else if (reply.kind != Kind::Never)
-            m_threads.emplace_back([reply, onAnswer] {
-                std::this_thread::sleep_for(milliseconds(reply.kind == Kind::Late ? 200 : 5));
+            m_threads.emplace_back([this, reply, onAnswer] {
+                if (reply.kind == Kind::Late) // when nobody waits any more
+                    m_ending.wait();
                 onAnswer(reply.answer);
             });
     }
@@ -63,6 +66,8 @@ public:
     int reads = 0;
 
 private:
+    std::promise<void> m_end;
+    std::shared_future<void> m_ending = m_end.get_future().share();
     std::vector<std::thread> m_threads;
 };
 
