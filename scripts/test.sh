@@ -8,4 +8,5 @@ preset=${1-release}
 scripts/dependencies.sh
 cmake --preset "$preset"
 cmake --build "build/$preset" -j "$(nproc)"
-exec ctest --preset "$preset" -j "$(nproc)" </dev/null
+# A test that a busy machine starved gets a second try; the first one's output stays in the log.
+exec ctest --preset "$preset" -j "$(nproc)" --repeat until-pass:2 </dev/null
