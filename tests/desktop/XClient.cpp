@@ -126,27 +126,27 @@ xcb_window_t XClient::focusedWindow() const
     return reply ? reply->focus : XCB_NONE;
 }
 
+// Asking is trying. The server serves nobody else meanwhile: another client's own grab must not meet this
+// one.
 bool XClient::isKeyboardTaken() const
 {
+    xcb_grab_server(m_connection);
     const auto cookie = xcb_grab_keyboard(
         m_connection, false, root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
+    xcb_ungrab_server(m_connection);
     const auto reply = owned(xcb_grab_keyboard_reply(m_connection, cookie, nullptr));
-    if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS) {
-        xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
-        sync();
-    }
     return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 
 bool XClient::isPointerTaken() const
 {
+    xcb_grab_server(m_connection);
     const auto cookie = xcb_grab_pointer(m_connection, false, root(), 0, XCB_GRAB_MODE_ASYNC,
         XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+    xcb_ungrab_pointer(m_connection, XCB_CURRENT_TIME);
+    xcb_ungrab_server(m_connection);
     const auto reply = owned(xcb_grab_pointer_reply(m_connection, cookie, nullptr));
-    if (reply && reply->status == XCB_GRAB_STATUS_SUCCESS) {
-        xcb_ungrab_pointer(m_connection, XCB_CURRENT_TIME);
-        sync();
-    }
     return reply && reply->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
 }
 
