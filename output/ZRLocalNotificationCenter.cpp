@@ -87,10 +87,11 @@ void ZRLocalNotificationCenter::notificationEnd(const QVariantMap& object)
         m_windows.begin(), m_windows.end(), [ended](const auto& window) { return window.get() == ended; });
     if (found == m_windows.end())
         return;
-    ZRNotificationWindow* window = found->release();
+    (*found)->hide();
+    m_gone.push_back(std::move(*found));
     m_windows.erase(found);
-    window->hide();
-    window->deleteLater();
+    QMetaObject::invokeMethod(
+        this, [this] { m_gone.clear(); }, Qt::QueuedConnection);
 }
 
 bool ZRLocalNotificationCenter::leaveScreen()

@@ -48,6 +48,7 @@ private:
     const std::unique_ptr<NoticeClock> m_clock;
     std::vector<std::unique_ptr<ZRNotificationWindow>> m_windows;
     std::vector<std::unique_ptr<ZRNotificationWindow>> m_waiting; // delivered while the screen is left
+    std::vector<std::unique_ptr<ZRNotificationWindow>> m_gone;    // until their last step is over
     bool m_isAway = false;
     QMetaObject::Connection m_screenWatch;
 };

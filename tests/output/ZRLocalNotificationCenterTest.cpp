@@ -205,3 +205,18 @@ TEST_F(ZRLocalNotificationCenterTest, TakesTextsOfAnyLength)
         }
     }
 }
+
+TEST(ZRLocalNotificationCenter, LeavesNoNoticeBehind)
+{
+    auto* clock = new ManualClock;
+    auto center = std::make_unique<ZRLocalNotificationCenter>(std::unique_ptr<NoticeClock>(clock));
+    center->deliverZRNotification(std::make_unique<ZRBasicLocalNotification>(
+        QStringLiteral("title"), QString(), QStringLiteral("logo")));
+    const QPointer window = center->windows()[0].get();
+    window->exitWithFadeOut();
+    clock->pass(250);
+    EXPECT_TRUE(center->windows().empty());
+    EXPECT_TRUE(window) << "it went in the middle of its own last step";
+    center.reset();
+    EXPECT_FALSE(window);
+}
