@@ -17,6 +17,7 @@ constexpr int kButtonInset = 8;
 constexpr int kTextSize = 12;
 constexpr int kLineHeight = 18;
 const QColor kInk(31, 41, 55);
+const QColor kSoftInk(92, 105, 123);
 
 QFont textFont()
 {
@@ -31,6 +32,13 @@ QPalette textPalette()
     palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::WindowText, kInk);
     palette.setColor(QPalette::Text, kInk);
+    return palette;
+}
+
+QPalette softPalette()
+{
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, kSoftInk);
     return palette;
 }
 
@@ -62,6 +70,7 @@ ZRScreenshotUploadingView::ZRScreenshotUploadingView()
     : mUploadingView(new QWidget(this))
     , mFinishedView(new QWidget(this))
     , mFinishedText(makeFinishedText(mFinishedView))
+    , m_finishedNote(new QLabel(mFinishedView))
     , mProgressView(new ZRUploadingProrgessView(mUploadingView))
     , m_fileName(new QLabel(mUploadingView))
     , m_closeButton(new ZRHoverButton(this))
@@ -75,6 +84,10 @@ ZRScreenshotUploadingView::ZRScreenshotUploadingView()
     m_fileName->setPalette(textPalette());
     mProgressView->setGeometry(0, kMargin + kLineHeight, content.width(), kLineHeight);
     mFinishedText->setGeometry(0, (height() - kLineHeight) / 2, content.width(), kLineHeight);
+    m_finishedNote->setGeometry(0, kMargin + kLineHeight, content.width(), kLineHeight);
+    m_finishedNote->setAlignment(Qt::AlignCenter);
+    m_finishedNote->setFont(textFont());
+    m_finishedNote->setPalette(softPalette());
     m_closeButton->setGeometry(width() - kButtonSize - kButtonInset, kButtonInset, kButtonSize, kButtonSize);
     m_closeButton->setImage(QStringLiteral("pop-upload-close-normal"));
     m_closeButton->setHoverImage(QStringLiteral("pop-upload-close-hover"));
@@ -103,6 +116,12 @@ void ZRScreenshotUploadingView::setIsFinished(bool isFinished, const QString& wi
 QString ZRScreenshotUploadingView::finishedText() const
 {
     return mFinishedText->toPlainText();
+}
+
+void ZRScreenshotUploadingView::setFinishedNote(const QString& note)
+{
+    m_finishedNote->setText(note);
+    mFinishedText->move(0, note.isEmpty() ? (height() - kLineHeight) / 2 : kMargin);
 }
 
 void ZRScreenshotUploadingView::setUploadFilePath(const QString& path)

@@ -19,6 +19,9 @@ public:
     // The end, with the address of the picture where there is one.
     void setIsFinished(bool isFinished, const QString& withUrlLink = {});
     QString finishedText() const;
+    // A line below the end's text.
+    void setFinishedNote(const QString& note);
+    QString finishedNote() const { return m_finishedNote->text(); }
 
     const QString& uploadFilePath() const { return m_uploadFilePath; }
     void setUploadFilePath(const QString& path);
@@ -34,6 +37,7 @@ private:
     QWidget* mUploadingView; // while it runs
     QWidget* mFinishedView;
     QTextBrowser* mFinishedText;
+    QLabel* m_finishedNote;
     ZRUploadingProrgessView* mProgressView;
     QLabel* m_fileName;
     ZRHoverButton* m_closeButton;

@@ -114,6 +114,10 @@ void ZRUploadToCloudContentView::awakeFromNib()
     connect(&m_switching, &QVariantAnimation::valueChanged, this,
         [this](const QVariant& part) { showPrivacy(part.toDouble()); });
     setFocusProxy(mTitleTextField);
+    setTabOrder(mTitleTextField, mSwitchBtnAuthorty);
+    setTabOrder(mSwitchBtnAuthorty, mBtnHelp);
+    setTabOrder(mBtnHelp, mPasswordTextField);
+    setTabOrder(mPasswordTextField, mBtnUpload);
     updateAuthorityEnable(false, false);
     changeText();
 }
