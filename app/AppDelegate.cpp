@@ -12,6 +12,7 @@
 #include "commonutils/CommUtils.h"
 #include "commonutils/NotificationCenter.h"
 #include "output/ZRLocalNotificationCenter.h"
+#include "output/ZRScreenshotUploadManager.h"
 #include "settings/AppSettings.h"
 #include "settings/LanguageCatalogue.h"
 #include "settings/SettingsKeys.h"
@@ -103,6 +104,7 @@ void AppDelegate::begin()
         {"status menu", &AppDelegate::fillStatusMenu},
         {"capture manager", &AppDelegate::initContext},
         {"hot keys", &AppDelegate::addhotKey},
+        {"left-over uploads", &AppDelegate::offerLeftOverUploads},
     };
     runSteps(kSteps);
     m_hasBegun = true;
@@ -153,6 +155,11 @@ void AppDelegate::initStatusbar()
 void AppDelegate::_initUpdate()
 {
     m_update.checkSilent(CommUtils::appInfo().updateURL);
+}
+
+void AppDelegate::offerLeftOverUploads()
+{
+    ZRScreenshotUploadManager::defaultManager().offerLeftOver();
 }
 
 void AppDelegate::LogScreens()

@@ -69,6 +69,7 @@ private:
     void checkDefaultPicturesSavePath();
     void initStatusbar();
     void _initUpdate();
+    void offerLeftOverUploads();
     void LogScreens();
     void showStartWindow();
     void startAccessingSaveFolder();

@@ -17,6 +17,8 @@ Reply replyTo(const CaptureOutcome& outcome)
         return {ExitCode::kDone, {}, QStringLiteral("the picture is on the clipboard\n")};
     case CaptureOutcome::Kind::Pinned:
         return {ExitCode::kDone, {}, QStringLiteral("the picture is pinned to the screen\n")};
+    case CaptureOutcome::Kind::Uploading:
+        return {ExitCode::kDone, {}, QStringLiteral("the picture is being uploaded\n")};
     case CaptureOutcome::Kind::Cancelled:
         return {ExitCode::kCancelled, {}, QStringLiteral("the capture was cancelled\n")};
     case CaptureOutcome::Kind::Failed:

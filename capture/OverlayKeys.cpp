@@ -15,7 +15,7 @@ struct Equivalent {
     With with;
     OverlayAction action;
 };
-constexpr std::array<Equivalent, 14> kEquivalents{{
+constexpr std::array<Equivalent, 15> kEquivalents{{
     {Qt::Key_Escape, 53, With::Anything, OverlayAction::Cancel},
     {Qt::Key_R, 15, With::Command, OverlayAction::Cancel},
     {Qt::Key_S, 1, With::Command, OverlayAction::Save},
@@ -23,6 +23,7 @@ constexpr std::array<Equivalent, 14> kEquivalents{{
     {Qt::Key_Enter, 76, With::Nothing, OverlayAction::Save},
     {Qt::Key_C, 8, With::Command, OverlayAction::Copy},
     {Qt::Key_P, 35, With::Command, OverlayAction::Pin},
+    {Qt::Key_U, 32, With::Command, OverlayAction::Upload},
     {Qt::Key_C, 8, With::Nothing, OverlayAction::CopyColour},
     {Qt::Key_Z, 6, With::Command, OverlayAction::Undo},
     {Qt::Key_Z, 6, With::CommandAndShift, OverlayAction::Redo},

@@ -6,7 +6,19 @@
 #include <optional>
 
 // What a key means on the overlay.
-enum class OverlayAction { None, Cancel, Save, Copy, Pin, CopyColour, Undo, Redo, Delete, TakeWholeDisplay };
+enum class OverlayAction {
+    None,
+    Cancel,
+    Save,
+    Copy,
+    Pin,
+    Upload,
+    CopyColour,
+    Undo,
+    Redo,
+    Delete,
+    TakeWholeDisplay
+};
 
 // Control serves beside the command key, which Qt calls Meta where it is the Super key.
 OverlayAction overlayAction(const QKeyEvent& event);

@@ -34,8 +34,8 @@ void discard(std::unique_ptr<ZRStaticScreenShotWindow> window)
 
 bool endsCapture(OverlayAction action)
 {
-    constexpr std::array kEndings{
-        OverlayAction::Cancel, OverlayAction::Save, OverlayAction::Copy, OverlayAction::Pin};
+    constexpr std::array kEndings{OverlayAction::Cancel, OverlayAction::Save, OverlayAction::Copy,
+        OverlayAction::Pin, OverlayAction::Upload};
     return std::find(kEndings.begin(), kEndings.end(), action) != kEndings.end();
 }
 
@@ -494,6 +494,9 @@ void ZRScreenShotManager::keyDown(const QKeyEvent& event)
         break;
     case OverlayAction::Pin:
         mScreenShotController.screenshotShowImageWindow();
+        break;
+    case OverlayAction::Upload:
+        mScreenShotController.uploadRegionScreenshotToCloudFromhotKey();
         break;
     case OverlayAction::CopyColour:
         mScreenShotController.copyMagnifiedColour();

@@ -21,6 +21,7 @@
 #include "output/ZRBasicLocalNotification.h"
 #include "output/ZRImageShowWindow.h"
 #include "output/ZRLocalNotificationCenter.h"
+#include "output/ZRScreenshotUploadManager.h"
 #include "settings/AppSettings.h"
 
 #include <QClipboard>
@@ -77,6 +78,8 @@ void ZRScreenShotViewController::clear()
     }
     mIsRegionLocked = false;
     AppSettings::setUseWindowRecognize(true);
+    for (auto& step : std::exchange(m_afterCapture, {}))
+        QMetaObject::invokeMethod(this, std::move(step), Qt::QueuedConnection);
 }
 
 ZRRect ZRScreenShotViewController::regionRect() const
@@ -205,7 +208,8 @@ void ZRScreenShotViewController::changeTheScreenshotRegionToFullScreen()
 
 bool ZRScreenShotViewController::isOffered(OutputItem item) const
 {
-    constexpr std::array kOffered{OutputItem::Save, OutputItem::Copy, OutputItem::Pin, OutputItem::Cancel};
+    constexpr std::array kOffered{OutputItem::Save, OutputItem::Copy, OutputItem::Pin, OutputItem::Cancel,
+        OutputItem::Upload, OutputItem::Share};
     return std::find(kOffered.begin(), kOffered.end(), item) != kOffered.end();
 }
 
@@ -343,18 +347,18 @@ ZRScreenShotViewController::Report ZRScreenShotViewController::reportOfCapture()
                const CaptureOutcome& outcome) { manager->reportOutcome(capture, outcome); };
 }
 
-void ZRScreenShotViewController::saveImageToFile(Picture picture, const Report& report)
+void ZRScreenShotViewController::saveImageToFile(Picture picture, const Report& report, Tell tell)
 {
     if (picture.image.isNull())
         return fail(report, kSaveFailed, kNothingToSave);
     const QString path = AppSettings::screenshotSavePath();
     CommLog::log(QStringLiteral("screenshot save path--->%1").arg(path));
     m_jobs.save(std::move(picture), path, AppSettings::screenshotType(),
-        [this, report, path](const QString& failure) {
+        [this, report, path, tell](const QString& failure) {
             if (!failure.isEmpty())
                 return fail(report, kSaveFailed, failure);
             CommLog::log(QStringLiteral("save image success"));
-            tellOfSaved(path);
+            (this->*tell)(path);
             report({CaptureOutcome::Kind::Saved, path, {}});
         });
 }
@@ -370,6 +374,67 @@ void ZRScreenShotViewController::writeToPasteboard(Picture picture, const Report
         tellOfCopied();
         report({CaptureOutcome::Kind::Copied, {}, {}});
     });
+}
+
+void ZRScreenShotViewController::uploadRegionScreenshotToCloudFromhotKey()
+{
+    AppSettings::setIsNeedShowUploadToCloudView(true);
+    asyncUploadScreenShotToCloud(UploadRules::kPlain);
+}
+
+void ZRScreenShotViewController::share(UploadRules::ShareType type)
+{
+    if (mShareToolbar)
+        mShareToolbar->dismissShareView();
+    AppSettings::setIsNeedShowUploadToCloudView(false);
+    asyncUploadScreenShotToCloud(type);
+}
+
+void ZRScreenShotViewController::asyncUploadScreenShotToCloud(UploadRules::ShareType shareType)
+{
+    if (!mIsRegionLocked)
+        return;
+    const Report report = reportOfCapture();
+    Picture picture = takePicture();
+    if (!ZRScreenshotUploadManager::hasEndpoint())
+        saveImageToFile(std::move(picture), report, &ZRScreenShotViewController::tellOfMissingEndpoint);
+    else
+        upload(std::move(picture), report, shareType);
+    _stopScreenShot();
+}
+
+void ZRScreenShotViewController::upload(
+    Picture picture, const Report& report, UploadRules::ShareType shareType)
+{
+    if (picture.image.isNull())
+        return fail(report, kSaveFailed, kNothingToSave);
+    ZRScreenshotUploadManager& manager = ZRScreenshotUploadManager::defaultManager();
+    const QString path = UploadRules::temporaryPath(AppSettings::screenshotSavePath());
+    const bool isFormShown = AppSettings::isNeedShowUploadToCloudView();
+    manager.journal().add(path);
+    m_jobs.save(std::move(picture), path, QStringLiteral(".jpg"),
+        [this, &manager, report, path, shareType, isFormShown](const QString& failure) {
+            if (!failure.isEmpty()) {
+                manager.journal().remove(path);
+                return fail(report, kSaveFailed, failure);
+            }
+            report({CaptureOutcome::Kind::Uploading, {}, {}});
+            whenCaptureIsGone([&manager, path, shareType, isFormShown] {
+                if (isFormShown)
+                    manager.askAndUpload(path);
+                else
+                    manager.uploadScreenShotToCloud(path, {}, {}, {}, shareType);
+            });
+        });
+}
+
+// Windows that take keys and notices come after the overlay and its hold on the keyboard.
+void ZRScreenShotViewController::whenCaptureIsGone(std::function<void()> step)
+{
+    if (mManager->isCapturing())
+        m_afterCapture.push_back(std::move(step));
+    else
+        step();
 }
 
 void ZRScreenShotViewController::screenshotShowImageWindow()
@@ -430,6 +495,15 @@ void ZRScreenShotViewController::tellOfSaved(const QString& path)
     const QString message = AppSettings::getXMLValueForKeywords(u"Comm:ScreenshotSavedTips");
     postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(u"Comm:SuccSavePicture"),
         QString(message).replace(QLatin1String("[#FilePath#]"), path),
+        [this, path] { mManager->revealFile(path); });
+}
+
+void ZRScreenShotViewController::tellOfMissingEndpoint(const QString& path)
+{
+    QString kept = AppSettings::getXMLValueForKeywords(u"Lumora:Capture:PictureKept");
+    kept.replace(QLatin1String("[#FilePath#]"), path);
+    postLocalNotificationWithMessageTitle(
+        AppSettings::getXMLValueForKeywords(u"Lumora:Upload:EndpointMissing"), kept,
         [this, path] { mManager->revealFile(path); });
 }
 

@@ -6,6 +6,7 @@
 #include "editor/ScreenshotActions.h"
 #include "geometry/ZRRect.h"
 #include "output/PinRules.h"
+#include "output/UploadRules.h"
 
 #include <QObject>
 #include <QPointer>
@@ -76,6 +77,11 @@ public:
     void DisplacementScreenShot(Item&) override { screenshotShowImageWindow(); }
     void reSelectScreenshotRegion(Item&) override { cancelRegionScreenShot(); }
     void reSharedScreenshotRegion(Item& item) override { changeNewSelectedItem(item); }
+    void uploadRegionScreenshotToCloud(Item&) override { uploadRegionScreenshotToCloudFromhotKey(); }
+    void shareFacebook(Item&) override { share(UploadRules::kFacebook); }
+    void shareGoogle(Item&) override { share(UploadRules::kGoogle); }
+    void shareTwinter(Item&) override { share(UploadRules::kTwitter); }
+    void sharePinster(Item&) override { share(UploadRules::kPinterest); }
     void addCustomLineToScreenshot(Item& item) override { changeNewSelectedItem(item); }
     void addHighlightToScreenshot(Item& item) override { changeNewSelectedItem(item); }
     void addLineToScreenshot(Item& item) override { changeNewSelectedItem(item); }
@@ -95,6 +101,9 @@ public:
     // Each output action works on a fixed region only and ends the capture.
     void saveRegionShotToLocalFromhotKey();
     void saveToPasteboardFromhotKey();
+    // Asks for a title and a password and uploads the picture. Without an address to upload to it is saved,
+    // and a notice tells of the address.
+    void uploadRegionScreenshotToCloudFromhotKey();
     // Saves the whole display; needs no overlay.
     void saveFullScreenToLocal();
     // Pins the picture to the screen, where the region is.
@@ -119,13 +128,21 @@ private:
     using Report = std::function<void(const CaptureOutcome&)>;
     // Answers the running capture, also after its end.
     Report reportOfCapture() const;
-    void saveImageToFile(Picture picture, const Report& report);
+    using Tell = void (ZRScreenShotViewController::*)(const QString& path);
+    void saveImageToFile(
+        Picture picture, const Report& report, Tell tell = &ZRScreenShotViewController::tellOfSaved);
     void writeToPasteboard(Picture picture, const Report& report);
     void showImageWindow(const QImage& image, const PinRules::Place& place, const DisplayRecord& display);
     void forget(const ZRImageShowWindow* imageWindow);
     void fail(const Report& report, QStringView titleKey, const QString& reason);
     void tellOfSaved(const QString& path);
     void tellOfCopied();
+    void tellOfMissingEndpoint(const QString& path);
+    // Uploads without a form and opens the link for a network.
+    void share(UploadRules::ShareType type);
+    void asyncUploadScreenShotToCloud(UploadRules::ShareType shareType);
+    void upload(Picture picture, const Report& report, UploadRules::ShareType shareType);
+    void whenCaptureIsGone(std::function<void()> step);
 
     ZRScreenShotManager* mManager = nullptr;
     QPointer<ScreenShotBackView> m_view;
@@ -137,6 +154,7 @@ private:
     PixelSample m_sample; // what the magnifier shows
     PictureJobs m_jobs;
     std::vector<std::unique_ptr<ZRImageShowWindow>> imageWindowLists; // pinned and not closed yet
+    std::vector<std::function<void()>> m_afterCapture;
     bool mIsRegionLocked = false;
     bool mIsResizing = false;
     bool _isDragView = false;

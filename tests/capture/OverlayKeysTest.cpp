@@ -20,6 +20,7 @@ TEST(OverlayKeys, CommandAndControlMeanTheSame)
         {Qt::Key_A, Qt::NoModifier, OverlayAction::None},
         {Qt::Key_R, Qt::ControlModifier, OverlayAction::Cancel},
         {Qt::Key_R, Qt::NoModifier, OverlayAction::None},
+        {Qt::Key_U, Qt::ControlModifier, OverlayAction::Upload},
         {Qt::Key_Return, Qt::NoModifier, OverlayAction::Save},
         {Qt::Key_Enter, Qt::KeypadModifier, OverlayAction::Save},
         {Qt::Key_Return, Qt::ShiftModifier, OverlayAction::None},

@@ -23,7 +23,7 @@ TEST_F(Launch, GoesItsStepsInOrder)
         QStringLiteral("save folder"), QStringLiteral("status bar"), QStringLiteral("update check"),
         QStringLiteral("display list"), QStringLiteral("start window"), QStringLiteral("notifications"),
         QStringLiteral("status menu"), QStringLiteral("capture manager"), QStringLiteral("hot keys"),
-        QStringLiteral("access to the save folder")};
+        QStringLiteral("left-over uploads"), QStringLiteral("access to the save folder")};
     QStringList steps;
     for (const QString& line : m_program.logLines())
         if (line.startsWith(QLatin1String("launch: ")))

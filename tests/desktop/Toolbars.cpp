@@ -6,7 +6,7 @@
 namespace {
 
 constexpr ZRSize kDrawing{441, 40}; // points, as all that follows
-constexpr ZRSize kOutput{40, 153};
+constexpr ZRSize kOutput{40, 225};
 constexpr double kPadding = 4;
 constexpr double kItem = 32;
 constexpr double kStep = kItem + kPadding;
@@ -47,6 +47,19 @@ bool Toolbars::covers(QPoint pixel) const
 {
     return drawing().adjusted(-2, -2, 2, 2).contains(pixel) ||
            output().adjusted(-2, -2, 2, 2).contains(pixel);
+}
+
+QPoint Toolbars::shareTarget(int index) const
+{
+    const ZRRect item{
+        m_output.x + kPadding, m_output.maxY() - kPadding - kStep - kSeparator - kItem, kItem, kItem};
+    constexpr ZRSize size{42, 128};
+    const ZRSize screen{m_display.width() / m_scale, m_display.height() / m_scale};
+    const ZRRect panel = PopupRules::besideAnchor(
+        item, m_output, {size.width + 2 * kRibbonPadding, size.height + 2 * kRibbonPadding}, screen, 2)
+                             .panel;
+    return pixel(
+        {panel.x + kRibbonPadding + 10 + kItem / 2, panel.maxY() - kRibbonPadding - (index + 0.5) * kItem});
 }
 
 QPoint Toolbars::lineWidth(int digit, int index) const

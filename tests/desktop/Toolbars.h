@@ -22,9 +22,13 @@ public:
     QPoint ok() const { return drawingItem(11, 1); }
     // Of the output toolbar.
     QPoint cancel() const { return outputItem(0, 0); }
-    QPoint pin() const { return outputItem(1, 1); }
-    QPoint copy() const { return outputItem(2, 1); }
-    QPoint save() const { return outputItem(3, 1); }
+    QPoint share() const { return outputItem(1, 1); }
+    QPoint upload() const { return outputItem(2, 1); }
+    QPoint pin() const { return outputItem(3, 1); }
+    QPoint copy() const { return outputItem(4, 1); }
+    QPoint save() const { return outputItem(5, 1); }
+    // In the ribbon of the share item, from the top.
+    QPoint shareTarget(int index) const;
 
     // In the ribbon of a tool. `index` counts from the left, colours along the upper row and then the lower
     // one: black, the first mixtures, white, the rest.
