@@ -13,7 +13,7 @@ build="cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libgl-dev
 desktop="xvfb openbox xterm x11-apps x11-utils x11-xserver-utils xdotool fonts-dejavu-core"
 # Beside that desktop the tests change the keyboard's layout, read every file type back, paste, want a tray and a
 # session bus, and feed readers with what clang's fuzzer makes up.
-test="x11-xkb-utils qt6-image-formats-plugins xclip trayer dbus dbus-bin clang libclang-rt-dev"
+test="x11-xkb-utils qt6-image-formats-plugins xclip curl trayer dbus dbus-bin clang libclang-rt-dev"
 bench="libxcb-damage0-dev scrot libopencv-imgproc-dev"
 
 wanted="$build $desktop $test"

@@ -1,0 +1,281 @@
+#include "tests/desktop/ProgramTest.h"
+#include "tests/desktop/Toolbars.h"
+#include "tests/fakes/TestCertificate.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QUrl>
+
+#include <csignal>
+
+namespace {
+
+constexpr QPoint kFrom{100, 60}, kTo{700, 460};
+constexpr int kWindowDrawnMs = 300; // after it has the keyboard
+
+// A capture's way to the real service, over TLS on loopback, and what the user sees of it. Device pixels.
+class Upload : public ProgramTest {
+protected:
+    void SetUp() override
+    {
+        ProgramTest::SetUp();
+        ASSERT_TRUE(startService(0));
+        standInForTheBrowser();
+        m_program.removeEnvironment(QStringLiteral("LUMORA_NOTICES"));
+        m_program.setEnvironment(QStringLiteral("SSL_CERT_FILE"), m_certificate.certificate);
+        writeSettings(m_endpoint.toString(), true);
+        ASSERT_TRUE(m_program.startResident());
+    }
+    void TearDown() override
+    {
+        ProgramTest::TearDown();
+        if (m_service)
+            endService();
+    }
+
+    // Port 0 takes any free one.
+    bool startService(int port)
+    {
+        m_service = startProcess(QStringLiteral(KESTREL),
+            {QStringLiteral("--listen"), QStringLiteral("127.0.0.1:%1").arg(port), QStringLiteral("--data"),
+                in("data"), QStringLiteral("--certificate"), m_certificate.certificate,
+                QStringLiteral("--key"), m_certificate.key},
+            m_desktop.environment());
+        if (!m_service->waitForReadyRead())
+            return false;
+        m_endpoint = QUrl(QString::fromUtf8(m_service->readLine().trimmed().split(' ').last()));
+        return m_endpoint.isValid();
+    }
+    void endService()
+    {
+        m_service->kill();
+        m_service->waitForFinished();
+    }
+    // It takes connections and does not say a word.
+    void pauseService() const { ::kill(pid_t(m_service->processId()), SIGSTOP); }
+
+    void standInForTheBrowser()
+    {
+        const QString folder = in("bin");
+        QDir().mkpath(folder);
+        QFile script(folder + QStringLiteral("/xdg-open"));
+        script.open(QIODevice::WriteOnly);
+        script.write("#!/bin/sh\necho \"$1\" >> " + QFile::encodeName(in("opened")) + "\n");
+        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        m_program.setEnvironment(QStringLiteral("PATH"),
+            folder + QLatin1Char(':') + m_desktop.environment().value(QStringLiteral("PATH")));
+    }
+    void writeSettings(const QString& endpoint, bool isLinkOpened) const
+    {
+        m_program.writeSettings({{QStringLiteral("uploadEndpoint"), endpoint},
+            {QStringLiteral("openScreenshotLinkAfterUpload"), isLinkOpened}});
+    }
+    QString in(const char* name) const { return m_desktop.home() + QLatin1Char('/') + QLatin1String(name); }
+
+    void chooseRegion()
+    {
+        ASSERT_TRUE(openOverlay());
+        m_desktop.input().drag(kFrom, kTo);
+    }
+    void chooseRegionAndUpload()
+    {
+        chooseRegion();
+        m_desktop.input().chord({Key::Control, Key::U});
+    }
+    // A click on the share item, one on the network.
+    void share(int target)
+    {
+        chooseRegion();
+        const Toolbars toolbars(m_before.rect(), 1, spannedBy(kFrom, kTo));
+        click(toolbars.share());
+        click(toolbars.shareTarget(target));
+    }
+    void click(QPoint point)
+    {
+        m_desktop.input().moveTo(point);
+        m_desktop.input().click(Button::Left);
+    }
+    // Waits until a window of a width has the keyboard and has been drawn.
+    bool waitForWindow(int width) const
+    {
+        const XClient& server = m_desktop.server();
+        const bool hasCome =
+            waitUntil([&] { return server.geometry(server.focusedWindow()).width() == width; });
+        QThread::msleep(kWindowDrawnMs);
+        return hasCome;
+    }
+    void type(std::initializer_list<Key> keys)
+    {
+        for (const Key key : keys)
+            m_desktop.input().chord({key});
+    }
+
+    QString opened() const
+    {
+        QFile file(in("opened"));
+        waitUntil([&] { return file.exists() && file.size() > 0; });
+        file.open(QIODevice::ReadOnly);
+        return QString::fromUtf8(file.readAll()).trimmed();
+    }
+    // What a browser gets from an address; a password goes with it as from the page's form.
+    QByteArray fetched(const QString& link, const QStringList& more = {}) const
+    {
+        const auto curl = startProcess(QStringLiteral("curl"),
+            QStringList{QStringLiteral("-sL"), QStringLiteral("--cacert"), m_certificate.certificate,
+                QStringLiteral("-b"), in("cookies"), QStringLiteral("-c"), in("cookies"), link} +
+                more,
+            m_desktop.environment());
+        curl->waitForFinished();
+        return curl->readAllStandardOutput();
+    }
+    // The region as it was frozen, but for what JPEG loses.
+    testing::AssertionResult isRegion(const QByteArray& picture) const
+    {
+        const QImage expected = m_before.copy(spannedBy(kFrom, kTo));
+        const double difference = meanDifference(QImage::fromData(picture), expected);
+        return difference < 12 ? testing::AssertionSuccess()
+                               : testing::AssertionFailure() << "they differ by " << difference;
+    }
+    bool waitForNoPicture() const
+    {
+        return waitUntil([this] { return m_program.savedPictures().isEmpty(); });
+    }
+
+    static constexpr int kForm = 482, kAlert = 420; // widths of windows
+    const TestCertificate m_certificate = TestCertificate::madeIn(m_desktop.home());
+    std::unique_ptr<QProcess> m_service;
+    QUrl m_endpoint;
+};
+
+}
+
+TEST_F(Upload, OfARegionEndsWithItsPageInTheBrowser)
+{
+    chooseRegionAndUpload();
+    ASSERT_TRUE(waitForWindow(kForm));
+    type({Key::A, Key::S, Key::D, Key::Return});
+    const QString link = opened();
+    ASSERT_TRUE(link.startsWith(QLatin1String("https://127.0.0.1:"))) << link.toStdString();
+    EXPECT_TRUE(fetched(link).contains("<h1>asd</h1>"));
+    EXPECT_TRUE(isRegion(fetched(link + QStringLiteral("/raw"))));
+    EXPECT_TRUE(waitForNoPicture()) << "the temporary file stays";
+}
+
+TEST_F(Upload, OfAPrivateRegionIsShownWithItsPasswordOnly)
+{
+    chooseRegionAndUpload();
+    ASSERT_TRUE(waitForWindow(kForm));
+    type({Key::Tab, Key::Space, Key::Tab, Key::Tab, Key::Q, Key::C, Key::Z, Key::Return});
+    const QString link = opened();
+    EXPECT_TRUE(fetched(link).contains("type=\"password\""));
+    fetched(link, {QStringLiteral("--data"), QStringLiteral("password=qcz")});
+    EXPECT_TRUE(isRegion(fetched(link + QStringLiteral("/raw"))));
+}
+
+TEST_F(Upload, OfAFormThatIsClosedSendsNothing)
+{
+    chooseRegionAndUpload();
+    ASSERT_TRUE(waitForWindow(kForm));
+    type({Key::Escape});
+    EXPECT_TRUE(waitForNoPicture());
+    EXPECT_TRUE(Program::allFiles(in("data/pictures")).isEmpty());
+    EXPECT_TRUE(m_program.logLines().filter(QStringLiteral(" -- upload")).isEmpty());
+}
+
+TEST_F(Upload, OpensTheNetworkThatTheRegionIsSharedTo)
+{
+    const char* const addresses[] = {"https://www.facebook.com/", "https://mail.google.com/",
+        "https://twitter.com/", "https://www.pinterest.com/"};
+    for (int target = 0; target < 4; ++target) {
+        SCOPED_TRACE(target);
+        QFile::remove(in("opened"));
+        share(target);
+        EXPECT_TRUE(opened().startsWith(QLatin1String(addresses[target]))) << opened().toStdString();
+        ASSERT_TRUE(waitForRest());
+    }
+}
+
+TEST_F(Upload, ThatFailsIsAskedAboutAndTriedAgain)
+{
+    pauseService();
+    share(0);
+    ASSERT_TRUE(waitForRest());
+    EXPECT_TRUE(waitUntil([this] { return m_program.savedPictures().size() == 1; }));
+    const int port = m_endpoint.port();
+    endService();
+    ASSERT_TRUE(waitForWindow(kAlert));
+    ASSERT_TRUE(startService(port));
+
+    ASSERT_TRUE(openOverlay()); // a capture works beside the question
+    const QImage picture = savedRegion({10, 10}, {60, 60});
+    EXPECT_EQ(picture.size(), QSize(50, 50));
+    ASSERT_TRUE(waitForRest());
+    m_desktop.input().moveTo({640, 360});
+    m_desktop.input().click(Button::Left);
+    ASSERT_TRUE(waitForWindow(kAlert));
+    type({Key::Return});
+    EXPECT_TRUE(opened().startsWith(QLatin1String("https://www.facebook.com/")));
+    EXPECT_TRUE(waitUntil([this] { return m_program.savedPictures().size() == 1; }));
+}
+
+TEST_F(Upload, ThatFailsIsGivenUpWithEscape)
+{
+    endService();
+    share(0);
+    ASSERT_TRUE(waitForWindow(kAlert));
+    EXPECT_EQ(m_program.savedPictures().size(), 1);
+    type({Key::Escape});
+    EXPECT_TRUE(waitForNoPicture());
+}
+
+TEST_F(Upload, ThatIsCancelledLeavesThePicture)
+{
+    pauseService();
+    share(0);
+    ASSERT_TRUE(waitForRest());
+    QThread::msleep(600); // until the notice stands
+    click({1280 - 10 - 18, 37 + 18});
+    EXPECT_TRUE(waitUntil([this] {
+        return m_program.logLines().filter(QStringLiteral("User cancel the upload file :")).size() == 1;
+    }));
+    EXPECT_EQ(m_program.savedPictures().size(), 1);
+}
+
+TEST_F(Upload, WithoutAnAddressSavesThePicture)
+{
+    writeSettings(QString(), true);
+    QThread::msleep(kWindowDrawnMs);
+    chooseRegionAndUpload();
+    EXPECT_TRUE(waitUntil([this] { return m_program.savedPictures().size() == 1; }));
+    ASSERT_TRUE(waitForRest());
+    EXPECT_TRUE(samePixels(QImage(m_program.savedPictures().first()), m_before.copy(spannedBy(kFrom, kTo))));
+}
+
+TEST_F(Upload, ThatACrashCutShortIsOfferedAgain)
+{
+    pauseService();
+    share(0);
+    EXPECT_TRUE(waitUntil([this] { return m_program.savedPictures().size() == 1; }));
+    ASSERT_TRUE(waitForRest());
+    m_program.killResident();
+    ASSERT_TRUE(m_program.startResident());
+    ASSERT_TRUE(waitForWindow(kAlert));
+    ::kill(pid_t(m_service->processId()), SIGCONT);
+    type({Key::Return});
+    ASSERT_TRUE(waitForWindow(kForm));
+    type({Key::Return});
+    EXPECT_TRUE(opened().startsWith(QLatin1String("https://127.0.0.1:")));
+    EXPECT_TRUE(waitForNoPicture());
+}
+
+TEST_F(Upload, GivesNothingToAServerWithAnotherCertificate)
+{
+    m_program.quitResident();
+    m_program.removeEnvironment(QStringLiteral("SSL_CERT_FILE"));
+    ASSERT_TRUE(m_program.startResident());
+    share(0);
+    ASSERT_TRUE(waitForWindow(kAlert));
+    EXPECT_EQ(m_program.savedPictures().size(), 1);
+    EXPECT_TRUE(Program::allFiles(in("data/pictures")).isEmpty());
+    type({Key::Escape});
+}
