@@ -1,8 +1,7 @@
 #include "packaging/macos/IconFile.h"
 
-#include <QBuffer>
-#include <QImage>
-#include <QPainter>
+#include "packaging/IconDrawing.h"
+
 #include <QSvgRenderer>
 #include <QtEndian>
 
@@ -22,20 +21,6 @@ constexpr Entry kEntries[] = {
     {"ic09", 512}, {"ic10", 1024}, // 512 points
 };
 
-QByteArray png(QSvgRenderer& renderer, int pixels)
-{
-    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    renderer.render(&painter);
-    painter.end();
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
 // A type of four characters, the length of both together in big-endian order, and the content.
 QByteArray chunk(const char* type, const QByteArray& content)
 {
@@ -54,6 +39,6 @@ QByteArray iconFile(const QString& svgPath)
         return {};
     QByteArray entries;
     for (const Entry& entry : kEntries)
-        entries += chunk(entry.type, png(renderer, entry.pixels));
+        entries += chunk(entry.type, iconPicture(renderer, entry.pixels));
     return chunk("icns", entries);
 }
