@@ -2,6 +2,7 @@
 # The one list of the Debian packages that this project needs; installs those that are missing.
 #   scripts/dependencies.sh          to build, run and test
 #   scripts/dependencies.sh bench    to measure as well
+#   scripts/dependencies.sh package  to make Debian packages, and to ask every validator in the tests
 set -eu
 
 build="cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libgl-dev
@@ -12,15 +13,18 @@ build="cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libgl-dev
 # A desktop where there is none: a server, a window manager, programs with windows, a hand on mouse and keys.
 desktop="xvfb openbox xterm x11-apps x11-utils x11-xserver-utils xdotool fonts-dejavu-core"
 # Beside that desktop the tests change the keyboard's layout, read every file type back, paste, want a tray and a
-# session bus, and feed readers with what clang's fuzzer makes up.
-test="x11-xkb-utils qt6-image-formats-plugins xclip curl trayer dbus dbus-bin clang libclang-rt-dev"
+# session bus, feed readers with what clang's fuzzer makes up, and ask validators about what is installed.
+test="x11-xkb-utils qt6-image-formats-plugins xclip curl trayer dbus dbus-bin clang libclang-rt-dev
+    desktop-file-utils appstream man-db"
+packaging="dpkg-dev lintian zsh fish debootstrap"
 bench="libxcb-damage0-dev scrot libopencv-imgproc-dev"
 
 wanted="$build $desktop $test"
 case "${1-}" in
     "") ;;
     bench) wanted="$wanted $bench" ;;
-    *) echo "usage: scripts/dependencies.sh [bench]" >&2; exit 2 ;;
+    package) wanted="$wanted $packaging" ;;
+    *) echo "usage: scripts/dependencies.sh [bench | package]" >&2; exit 2 ;;
 esac
 
 missing=""
