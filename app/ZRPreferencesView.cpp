@@ -102,6 +102,10 @@ void ZRPreferencesView::build()
 {
     for (QWidget* line : std::initializer_list<QWidget*>{m_ui->lineBeforeUpload, m_ui->lineBeforePicture})
         makeSeparator(*line);
+    for (QWidget* button : std::initializer_list<QWidget*>{m_ui->mAutoStartBtn, m_ui->mConfirmBeforeUploadBtn,
+             m_ui->mOpenWebLinkAfterUpload, m_ui->mNormalQualityBtn, m_ui->mRetinaQualityBtn,
+             m_ui->mSecureMosaicBtn, m_ui->mKeepLastCaptureBtn})
+        markInAccent(*button);
     for (QLabel* label : {m_ui->mRegionRefusalLabel, m_ui->mFullRefusalLabel, m_ui->mFolderProblemLabel,
              m_ui->mEndpointResultLabel})
         label->hide();

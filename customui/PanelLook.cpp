@@ -32,3 +32,10 @@ void makeSeparator(QWidget& line)
     line.setAutoFillBackground(true);
     line.setFixedHeight(1);
 }
+
+void markInAccent(QWidget& button)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Text, kAccent);
+    button.setPalette(palette);
+}

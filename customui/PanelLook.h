@@ -9,3 +9,5 @@ class QWidget;
 QPalette panelPalette();
 // Makes a widget a line of one point across a panel.
 void makeSeparator(QWidget& line);
+// Gives the tick of a check box and the dot of a radio button the accent's colour.
+void markInAccent(QWidget& button);

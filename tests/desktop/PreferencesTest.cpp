@@ -7,21 +7,23 @@
 namespace {
 
 // The parts of the window in English, from its content's corner.
-constexpr QPoint kAutoStart(44, 55);
-constexpr QPoint kLanguage(158, 87);
-constexpr QPoint kRegionField(264, 176);
-constexpr QPoint kSnapBack(327, 176);
-constexpr QPoint kClear(351, 176);
-constexpr QPoint kFullField(264, 214);
-constexpr QPoint kChangeFolder(361, 325);
-constexpr QPoint kConfirm(44, 366);
-constexpr QPoint kOpenPage(44, 394);
-constexpr QPoint kEndpoint(290, 426);
-constexpr QPoint kTest(483, 426);
-constexpr QPoint kNormalQuality(140, 467);
-constexpr QPoint kFormat(152, 499);
-constexpr QPoint kSecureMosaic(44, 531);
-constexpr QPoint kKeepLast(44, 559);
+constexpr QPoint kAutoStart(44, 57);
+constexpr QPoint kLanguage(158, 89);
+constexpr QPoint kRegionField(264, 180);
+constexpr QPoint kSnapBack(327, 180);
+constexpr QPoint kClear(351, 180);
+constexpr QPoint kFullField(264, 218);
+constexpr QPoint kChangeFolder(421, 331);
+constexpr QPoint kOpenFolder(519, 331);
+constexpr QPoint kConfirm(44, 372);
+constexpr QPoint kOpenPage(44, 400);
+constexpr QPoint kEndpoint(290, 432);
+constexpr QPoint kTest(543, 432);
+constexpr QPoint kNormalQuality(140, 473);
+constexpr QPoint kRetinaQuality(230, 473);
+constexpr QPoint kFormat(152, 505);
+constexpr QPoint kSecureMosaic(44, 537);
+constexpr QPoint kKeepLast(44, 565);
 
 constexpr Key kDigit5 = Key(14);
 constexpr Key kSemicolon = Key(47);
@@ -31,13 +33,15 @@ constexpr Key kPageDown = Key(117);
 // The preferences, opened from the menu as a user does.
 class PreferencesWindow : public ProgramTest {
 protected:
-    PreferencesWindow()
-        : ProgramTest({{1280, 800}, true, false})
+    explicit PreferencesWindow(int scale = 1)
+        : ProgramTest({QSize(1280, 800) * scale, true, false})
+        , m_scale(scale)
     {
     }
     void SetUp() override
     {
         ProgramTest::SetUp();
+        m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QString::number(m_scale));
         ASSERT_TRUE(m_program.startResident());
         ASSERT_TRUE(openPreferences());
     }
@@ -64,7 +68,7 @@ protected:
     {
         const XClient& server = m_desktop.server();
         const QPoint corner = server.geometry(server.parent(m_window)).topLeft();
-        const QPoint place = corner + server.geometry(m_window).topLeft() + part;
+        const QPoint place = corner + server.geometry(m_window).topLeft() + part * m_scale;
         m_desktop.input().moveTo(place - QPoint(2, 0));
         m_desktop.input().moveTo(place);
         m_desktop.input().click(Button::Left);
@@ -115,7 +119,27 @@ protected:
         return waitForRest() && isOpen;
     }
 
+    int height() const { return m_desktop.server().geometry(m_window).height(); }
+    // Whether the window has room for one more line than it had, or no longer.
+    bool grows(int from) const
+    {
+        return waitUntil([&] { return height() > from; });
+    }
+    bool shrinks(int to) const
+    {
+        return waitUntil([&] { return height() == to; });
+    }
+
+    const int m_scale;
     xcb_window_t m_window = XCB_NONE;
+};
+
+class PreferencesAtScale2 : public PreferencesWindow {
+protected:
+    PreferencesAtScale2()
+        : PreferencesWindow(2)
+    {
+    }
 };
 
 constexpr const char* kRegionKey = "hotkeyRegionScreenShot";
@@ -123,18 +147,23 @@ constexpr const char* kFullKey = "hotkeyFullScreenShot";
 
 } // namespace
 
-TEST_F(PreferencesWindow, RecordAHotKeyThatWorksAtOnceAndAfterARestart)
+TEST_F(PreferencesWindow, RecordHotKeysThatWorkAtOnceAndAfterARestart)
 {
     record(kRegionField, {Key::Super, Key::Digit1}); // the one that is shown
     EXPECT_EQ(m_program.overlay(), XCB_NONE);
     EXPECT_TRUE(becomes(kRegionKey, "cmd 1"));
     record(kRegionField, {Key::Shift, Key::Super, Key::Digit9});
     EXPECT_TRUE(becomes(kRegionKey, "shift cmd 9"));
-    EXPECT_TRUE(opensOverlay({Key::Shift, Key::Super, Key::Digit9}, 5000));
+    record(kFullField, {Key::Super, kDigit5});
+    EXPECT_TRUE(becomes(kFullKey, "cmd 5"));
     EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit1}, 300));
-    ASSERT_EQ(m_program.quitResident(), 0);
-    ASSERT_TRUE(m_program.startResident());
-    EXPECT_TRUE(opensOverlay({Key::Shift, Key::Super, Key::Digit9}, 5000));
+    for (const char* when : {"at once", "after a restart"}) {
+        SCOPED_TRACE(when);
+        EXPECT_TRUE(opensOverlay({Key::Shift, Key::Super, Key::Digit9}, 5000));
+        EXPECT_FALSE(pictureAfter({Key::Super, kDigit5}).isNull());
+        ASSERT_EQ(m_program.quitResident(), 0);
+        ASSERT_TRUE(m_program.startResident());
+    }
 }
 
 TEST_F(PreferencesWindow, StartNothingWhileTheRecordedKeyIsHeld)
@@ -177,6 +206,10 @@ TEST_F(PreferencesWindow, ClearOneHotKeyAndLeaveTheOther)
     click(kSnapBack + QPoint(0, kFullField.y() - kRegionField.y()));
     EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
     EXPECT_FALSE(pictureAfter({Key::Super, Key::Digit2}).isNull());
+    ASSERT_EQ(m_program.quitResident(), 0);
+    ASSERT_TRUE(m_program.startResident());
+    EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit1}, 300));
+    EXPECT_FALSE(pictureAfter({Key::Super, Key::Digit2}).isNull());
 }
 
 TEST_F(PreferencesWindow, LoseAShortcutWithTheFocus)
@@ -195,12 +228,12 @@ TEST_F(PreferencesWindow, MarkAHotKeyThatAnotherProgramHas)
     xcb_grab_key(other.connection(), false, other.root(), XCB_MOD_MASK_4, quint8(Key::Digit9),
         XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
     other.sync();
-    const int height = m_desktop.server().geometry(m_window).height();
+    const int before = height();
     record(kRegionField, {Key::Super, Key::Digit9});
     EXPECT_TRUE(becomes(kRegionKey, "cmd 9"));
-    EXPECT_TRUE(waitUntil([&] { return m_desktop.server().geometry(m_window).height() > height; }));
+    EXPECT_TRUE(grows(before));
     record(kRegionField, {Key::Super, kDigit5});
-    EXPECT_TRUE(waitUntil([&] { return m_desktop.server().geometry(m_window).height() == height; }));
+    EXPECT_TRUE(shrinks(before));
     EXPECT_TRUE(opensOverlay({Key::Super, kDigit5}, 5000));
 }
 
@@ -245,15 +278,47 @@ TEST_F(PreferencesWindow, WriteEveryOptionAtOnce)
         click(c.part);
         EXPECT_TRUE(becomes(c.key, c.twice));
     }
-    click(kNormalQuality);
-    EXPECT_TRUE(becomes("userNeedImageQuality", "16"));
     click(kEndpoint);
     m_desktop.settledScreen(); // a click may pass through the window manager, a key does not
     m_desktop.input().chord({Key::A});
     EXPECT_TRUE(becomes("uploadEndpoint", "a"));
-    const int height = m_desktop.server().geometry(m_window).height();
+    const int before = height();
     click(kTest);
-    EXPECT_TRUE(waitUntil([&] { return m_desktop.server().geometry(m_window).height() > height; }));
+    EXPECT_TRUE(grows(before));
+}
+
+TEST_F(PreferencesWindow, KeepTheLastCaptureOnlyWhileAskedTo)
+{
+    const auto capture = [this] {
+        EXPECT_TRUE(openOverlay());
+        m_desktop.input().drag({900, 100}, {1100, 200});
+        m_desktop.settledScreen();
+        m_desktop.input().chord({Key::Escape});
+        EXPECT_TRUE(waitForRest());
+    };
+    click(kKeepLast);
+    ASSERT_TRUE(becomes("lastCaptureIsKept", "false"));
+    capture();
+    EXPECT_EQ(m_program.run({QStringLiteral("reopen")}).exitCode, 1);
+    ASSERT_TRUE(waitForRest());
+    click(kKeepLast);
+    ASSERT_TRUE(becomes("lastCaptureIsKept", "true"));
+    capture();
+    const auto verb = m_program.start({QStringLiteral("reopen")});
+    EXPECT_TRUE(m_program.waitForOverlay(m_before));
+    m_desktop.input().chord({Key::Escape});
+    EXPECT_EQ(Program::finish(*verb).exitCode, 4);
+}
+
+TEST_F(PreferencesAtScale2, ChooseTheSizeOfPictures)
+{
+    for (const auto& [part, stored, size] : {std::tuple(kNormalQuality, "16", QSize(1280, 800)),
+             std::tuple(kRetinaQuality, "8", QSize(2560, 1600))}) {
+        SCOPED_TRACE(stored);
+        click(part);
+        ASSERT_TRUE(becomes("userNeedImageQuality", stored));
+        EXPECT_EQ(pictureAfter({Key::Super, Key::Digit2}).size(), size);
+    }
 }
 
 TEST_F(PreferencesWindow, ChangeFormatAndLanguageInTheirMenus)
@@ -282,8 +347,23 @@ TEST_F(PreferencesWindow, FollowTheFileThatIsWrittenByHand)
     EXPECT_TRUE(waitForTitle("Einstellungen"));
     EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit9}, 300)); // it is recorded
     EXPECT_TRUE(opensOverlay({Key::Super, Key::Digit9}, 5000));
-    QDir(m_program.saveFolder()).removeRecursively();
     m_desktop.input().chord({Key::Escape});
     EXPECT_TRUE(waitUntil([this] { return m_desktop.server().focusedWindow() != m_window; }));
+    EXPECT_TRUE(m_program.answers());
+}
+
+TEST_F(PreferencesWindow, TellOfAFolderThatVanishes)
+{
+    const int before = height();
+    const QString folder = m_desktop.home() + QStringLiteral("/short-lived");
+    const QVariantMap chosen{{QStringLiteral("screenshotSavePath"), folder}};
+    m_program.writeSettings(chosen);
+    EXPECT_TRUE(grows(before)); // there is none yet
+    ASSERT_TRUE(QDir().mkpath(folder));
+    click(kOpenFolder);
+    EXPECT_TRUE(shrinks(before));
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    click(kOpenFolder);
+    EXPECT_TRUE(grows(before));
     EXPECT_TRUE(m_program.answers());
 }
