@@ -1,5 +1,6 @@
 #include "capture/PointerTools.h"
 
+#include "capture/FreezeNotice.h"
 #include "capture/ToolScreen.h"
 #include "capture/ZRColorWindow.h"
 #include "commonutils/CommLog.h"
@@ -13,14 +14,6 @@
 namespace {
 
 constexpr int kUncoverMs = 50; // what other programs take to draw an uncovered window
-
-void discard(std::unique_ptr<ZRScreenShotDistanceWindow> window)
-{
-    if (!window)
-        return;
-    window->setScreenshotManager(nullptr);
-    ScreenCoverWindow::discard(std::move(window));
-}
 
 }
 
@@ -49,13 +42,15 @@ void PointerTools::openOn(const DisplayRecord& display)
 {
     QString reason = QStringLiteral("there is no display");
     auto frame = display.isValid() ? m_platform.windowServer->freeze(display, &reason) : nullptr;
-    if (!frame)
-        return fail(reason);
+    if (!frame) {
+        fail(reason);
+        return tellOfFailedFreeze(reason);
+    }
     auto before = std::move(m_distanceWindow);
     loadWindow(std::move(frame), before ? before->measurement() : Measurement{});
     m_distanceWindow->makeKeyAndOrderFront();
     m_platform.inputGrab->grabKeyboard(*m_distanceWindow->windowHandle());
-    discard(std::move(before));
+    ScreenCoverWindow::discard(std::move(before));
     if (m_isRunning) // the keyboard may have been refused
         showWindow();
 }
@@ -145,7 +140,7 @@ void PointerTools::end(const ToolOutcome& outcome, bool isByKey)
         m_platform.inputGrab->release();
     if (m_distanceWindow)
         m_uncovered.setRemainingTime(kUncoverMs);
-    discard(std::move(m_distanceWindow));
+    ScreenCoverWindow::discard(std::move(m_distanceWindow));
     ZRLocalNotificationCenter::defaultLocalNotificationCenter().comeBack();
     if (onEnded)
         onEnded(outcome);

@@ -49,6 +49,9 @@ void ScreenCoverWindow::setFrame(std::shared_ptr<const Frame> frame)
 
 void ScreenCoverWindow::discard(std::unique_ptr<ScreenCoverWindow> window)
 {
+    if (!window)
+        return;
+    window->detach();
     window->hide();
     window->setFrame(nullptr);
     window.release()->deleteLater();

@@ -25,7 +25,8 @@ public:
     // What the window shows from now on; the frame is of this window's display.
     void setFrame(std::shared_ptr<const Frame> frame);
     const Frame* frame() const { return m_frame.get(); } // null before one was set
-    // Takes the window off the screen at once and frees it when the event that ended it has been handled.
+    // Takes the window off the screen at once and frees it when the event that ended it has been handled. It
+    // may be null.
     static void discard(std::unique_ptr<ScreenCoverWindow> window);
     // Maps the window, without a picture yet, and takes the focus.
     void makeKeyAndOrderFront();
@@ -44,6 +45,8 @@ public:
     virtual void keyDown(const QKeyEvent& event) = 0;
 
 protected:
+    // From here on events reach nobody.
+    virtual void detach() = 0;
     // Gives a layer the window's size and its place right below the event layer.
     void addLayer(View& layer);
     ZREventView& eventLayer() const { return *mFullEventView; }

@@ -22,7 +22,7 @@ public:
     const DisplayRecord& currenScreen() const { return screenDisplay(); }
     void setShotToolsType(ScreenShotTool type);
     ScreenShotTool shotToolsType() const { return _shotToolsType; }
-    // Not owned; null once the window is given up.
+    // Not owned.
     void setScreenshotManager(PointerTools* manager) { m_manager = manager; }
 
     // Kept: a measurement that came from another display goes on from the same numbers, but its cross stayed
@@ -45,6 +45,7 @@ public:
     void keyDown(const QKeyEvent& event) override;
 
 private:
+    void detach() override { m_manager = nullptr; }
     explicit ZRScreenShotDistanceWindow(const DisplayRecord& screen);
     void beginMeasurement(ZRPoint point);
     QRgb colourAt(ZRPoint point);

@@ -1,6 +1,7 @@
 #include "capture/ZRScreenShotManager.h"
 
 #include "capture/ChromeRules.h"
+#include "capture/FreezeNotice.h"
 #include "capture/LastCapture.h"
 #include "capture/RegionRules.h"
 #include "capture/ScreenShotBackView.h"
@@ -23,14 +24,6 @@ namespace {
 
 constexpr int kClearDelayMs = 300; // after the end of a capture
 constexpr int kMoveDelayMs = 50;   // before the overlay follows the pointer to another display
-
-void discard(std::unique_ptr<ZRStaticScreenShotWindow> window)
-{
-    if (!window)
-        return;
-    window->setMManager(nullptr);
-    ScreenCoverWindow::discard(std::move(window));
-}
 
 bool endsCapture(OverlayAction action)
 {
@@ -193,7 +186,7 @@ void ZRScreenShotManager::showOverlay(const JournalEntry* last)
     updateCursor({});
     mScreenShotEditorWindow->makeKeyAndOrderFront();
     m_platform.inputGrab->grabKeyboard(*mScreenShotEditorWindow->windowHandle());
-    discard(std::move(before));
+    ScreenCoverWindow::discard(std::move(before));
     if (m_isEnding) // the keyboard was refused
         return;
     mScreenShotEditorWindow->showFrame(*m_platform.windowServer, last != nullptr);
@@ -281,9 +274,11 @@ bool ZRScreenShotManager::freezeCurrentScreen()
     QString reason = QStringLiteral("there is no display");
     const DisplayRecord display = currentScreen();
     m_frame = display.isValid() ? m_platform.windowServer->freeze(display, &reason) : nullptr;
-    if (!m_frame)
-        failCapture(reason, u"Lumora:Capture:ScreenUnreadable");
-    return m_frame != nullptr;
+    if (m_frame)
+        return true;
+    failCapture(reason);
+    tellOfFailedFreeze(reason);
+    return false;
 }
 
 void ZRScreenShotManager::failCapture(const QString& reason, QStringView noticeKey)
@@ -343,7 +338,7 @@ void ZRScreenShotManager::prepareOverlay()
 // count as a movement of their own.
 void ZRScreenShotManager::mouseDown(const ZRMouseEvent& event)
 {
-    if (m_isEnding || !isOnOverlay(event.location))
+    if (m_isEnding || !mScreenShotEditorWindow->isOver(event.location))
         return;
     if (AppSettings::canUseWindowRecognize())
         _updateWindowInfoWithMouseLocation(event.location);
@@ -389,7 +384,7 @@ void ZRScreenShotManager::mouseMoved(const ZRMouseEvent& event)
 {
     if (m_isEnding)
         return;
-    if (!mScreenShotController.isRegionLocked() && !isOnOverlay(event.location)) {
+    if (!mScreenShotController.isRegionLocked() && !mScreenShotEditorWindow->isOver(event.location)) {
         followPointer();
         return;
     }
@@ -454,13 +449,6 @@ void ZRScreenShotManager::moveToDisplayUnderPointer()
     openOverlay();
 }
 
-bool ZRScreenShotManager::isOnOverlay(ZRPoint point) const
-{
-    const DisplayRecord& display = m_frame->display();
-    const QPoint pixel = display.localPixels({point.x, point.y, 0, 0}).topLeft();
-    return QRect({0, 0}, display.pixels.size()).contains(pixel);
-}
-
 void ZRScreenShotManager::rightMouseDown(const ZRMouseEvent&)
 {
     _cancelScreenshot();
@@ -468,7 +456,8 @@ void ZRScreenShotManager::rightMouseDown(const ZRMouseEvent&)
 
 void ZRScreenShotManager::scrollWheel(const ZRMouseEvent& event, int angle)
 {
-    if (m_isEnding || !AppSettings::canUseWindowRecognize() || !isOnOverlay(event.location))
+    if (m_isEnding || !AppSettings::canUseWindowRecognize() ||
+        !mScreenShotEditorWindow->isOver(event.location))
         return;
     m_windowWalk.turn(m_candidates, middleOfPixel(event.location), angle);
     _updateWindowInfoWithMouseLocation(event.location);
@@ -784,7 +773,7 @@ void ZRScreenShotManager::_cancelScreenshot()
 void ZRScreenShotManager::closeScreenShotWindow()
 {
     mGraffitManager.reset();
-    discard(std::move(mScreenShotEditorWindow));
+    ScreenCoverWindow::discard(std::move(mScreenShotEditorWindow));
 }
 
 void ZRScreenShotManager::clear()

@@ -141,7 +141,6 @@ private:
     void showPointerAids(ZRPoint point);
     void followPointer();
     void moveToDisplayUnderPointer();
-    bool isOnOverlay(ZRPoint point) const;
 
     void _beginRegionSelect(ZRPoint point);
     void _updateDragPoint(ZRPoint point);

@@ -37,6 +37,8 @@ public:
     void keyDown(const QKeyEvent& event) override;
 
 private:
+    void detach() override { mManager = nullptr; }
+
     ScreenShotBackView* m_backView = nullptr;
     ZRScreenShotGraffitToolbar* m_graffitToolbar = nullptr;
     ZRScreenShotShareToolbar* m_shareToolbar = nullptr;

@@ -3,10 +3,18 @@
 #include "platform/Frame.h"
 #include "platform/WindowRecord.h"
 
+#include <QString>
 #include <QWindow>
 
 #include <memory>
 #include <vector>
+
+// The one refusal of a freeze that a user can do something about; there are others.
+namespace FreezeRefusal {
+inline const QString kNotPermitted =
+    QStringLiteral("the screen may not be recorded; allow Lumora Mac Screenshot in System Settings, "
+                   "Privacy & Security, Screen Recording, then quit and open it again");
+}
 
 // A veil of black over a picture.
 struct Dimming {

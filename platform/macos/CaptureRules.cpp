@@ -1,5 +1,7 @@
 #include "platform/macos/CaptureRules.h"
 
+#include "platform/WindowServer.h"
+
 bool CaptureRules::isFrameLayout(size_t bitsPerComponent, size_t bitsPerPixel, uint32_t bitmapInfo)
 {
     const uint32_t alpha = bitmapInfo & kAlphaMask;
@@ -7,15 +9,9 @@ bool CaptureRules::isFrameLayout(size_t bitsPerComponent, size_t bitsPerPixel, u
            (bitmapInfo & kOrderMask) == kLittleEndian32 && (bitmapInfo & kFloatMask) == 0;
 }
 
-QString CaptureRules::permissionProblem()
-{
-    return QStringLiteral("the screen may not be recorded; allow Lumora Mac Screenshot in System Settings, "
-                          "Privacy & Security, Screen Recording, then quit and open it again");
-}
-
 QString CaptureRules::reasonOf(long code, const QString& description)
 {
     if (code == kDeclined)
-        return permissionProblem();
+        return FreezeRefusal::kNotPermitted;
     return QStringLiteral("the system did not give the display's pixels: %1 (%2)").arg(description).arg(code);
 }

@@ -24,8 +24,6 @@ inline constexpr uint32_t kLittleEndian32 = 0x2000;
 
 // Whether a picture's bytes are a frame's already: blue, green, red and a fourth byte.
 bool isFrameLayout(size_t bitsPerComponent, size_t bitsPerPixel, uint32_t bitmapInfo);
-// One line for the log and the user.
-QString permissionProblem();
 // Why a reading failed, from the system's error.
 QString reasonOf(long code, const QString& description);
 

@@ -1,5 +1,6 @@
 #include "platform/macos/ScreenReader.h"
 
+#include "platform/WindowServer.h"
 #include "platform/macos/CaptureRules.h"
 #include "platform/macos/LateAnswer.h"
 
@@ -29,7 +30,7 @@ void ScreenReader::prepare()
 
 std::shared_ptr<const Frame> ScreenReader::freeze(const DisplayRecord& display, QString* reason)
 {
-    ScreenSource::Answer answer{{}, CaptureRules::permissionProblem()};
+    ScreenSource::Answer answer{{}, FreezeRefusal::kNotPermitted};
     if (isPermitted()) {
         answer = read(display);
         if (answer.image.isNull())

@@ -1,8 +1,10 @@
 #include "app/HotKeyNotice.h"
+#include "capture/FreezeNotice.h"
 #include "output/ZRBasicLocalNotification.h"
 #include "output/ZRLocalNotificationCenter.h"
 #include "output/ZRNotificationWindow.h"
 #include "platform/HotKeys.h"
+#include "platform/WindowServer.h"
 #include "tests/app/Languages.h"
 
 #include <QLabel>
@@ -35,17 +37,26 @@ TEST_F(NoticeTexts, FitInEveryLanguage)
     });
 }
 
-TEST_F(NoticeTexts, NameTheRefusedHotKeyAndTheReason)
+TEST_F(NoticeTexts, SayWhatHelps)
 {
+    const struct {
+        std::function<void()> tell;
+        QStringView help;
+    } cases[] = {
+        {[] { tellOfRefusedHotKey(QStringLiteral("cmd 1"), HotKeyRefusal::kTaken); },
+            u"Lumora:HotKey:TakenByOther"},
+        {[] { tellOfFailedFreeze(FreezeRefusal::kNotPermitted); }, u"Lumora:Capture:NotPermitted"},
+    };
     auto& center = ZRLocalNotificationCenter::defaultLocalNotificationCenter();
     inEveryLanguage([&] {
-        tellOfRefusedHotKey(QStringLiteral("cmd 1"), HotKeyRefusal::kTaken);
-        const auto* notice = center.windows().back()->findChild<ZRBasicLocalNotification*>();
-        EXPECT_TRUE(notice->accessibleName().contains(QStringLiteral("1")));
-        EXPECT_FALSE(notice->accessibleName().contains(QStringLiteral("[#")));
-        EXPECT_EQ(notice->accessibleDescription(),
-            AppSettings::getXMLValueForKeywords(u"Lumora:HotKey:TakenByOther"));
-        for (const QLabel* label : notice->findChildren<QLabel*>())
-            EXPECT_FALSE(label->text().contains(kEllipsis)) << qPrintable(label->text());
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.help.toString().toStdString());
+            c.tell();
+            const auto* notice = center.windows().back()->findChild<ZRBasicLocalNotification*>();
+            EXPECT_FALSE(notice->accessibleName().contains(QStringLiteral("[#")));
+            EXPECT_EQ(notice->accessibleDescription(), AppSettings::getXMLValueForKeywords(c.help));
+            for (const QLabel* label : notice->findChildren<QLabel*>())
+                EXPECT_FALSE(label->text().contains(kEllipsis)) << qPrintable(label->text());
+        }
     });
 }

@@ -1,4 +1,5 @@
 #include "platform/macos/CaptureRules.h"
+#include "platform/WindowServer.h"
 
 #include <gtest/gtest.h>
 
@@ -31,7 +32,7 @@ TEST(MacCapture, BorrowsOnlyBytesThatAreAFramesAlready)
 
 TEST(MacCapture, TellsAMissingPermissionFromOtherErrors)
 {
-    EXPECT_EQ(CaptureRules::reasonOf(-3801, QStringLiteral("declined")), CaptureRules::permissionProblem());
+    EXPECT_EQ(CaptureRules::reasonOf(-3801, QStringLiteral("declined")), FreezeRefusal::kNotPermitted);
     const QString other = CaptureRules::reasonOf(-3815, QStringLiteral("no display"));
     EXPECT_TRUE(other.contains(QStringLiteral("no display (-3815)"))) << qPrintable(other);
 }

@@ -1,6 +1,6 @@
 #include "platform/macos/ScreenReader.h"
 
-#include "platform/macos/CaptureRules.h"
+#include "platform/WindowServer.h"
 
 #include <gtest/gtest.h>
 
@@ -136,7 +136,7 @@ TEST_F(MacScreenReader, AsksForThePermissionOnceAndOnlyAtACapture)
     EXPECT_EQ(m_source->preparations + m_source->questions, 0);
     for (int capture = 0; capture < 2; ++capture) {
         EXPECT_FALSE(freeze());
-        EXPECT_EQ(m_reason, CaptureRules::permissionProblem());
+        EXPECT_EQ(m_reason, FreezeRefusal::kNotPermitted);
     }
     EXPECT_EQ(m_source->questions, 1);
     EXPECT_EQ(m_source->reads, 0);
