@@ -144,7 +144,9 @@ void ZRScreenShotStatusbar::initialize()
 
 void ZRScreenShotStatusbar::makeStatusItem()
 {
-    mStatusBarItem = std::make_unique<QSystemTrayIcon>(iconNamed(QStringLiteral("statusbar_normal_1024")));
+    QIcon icon = iconNamed(QStringLiteral("statusbar_normal_1024"));
+    icon.setIsMask(m_host.tintsItems());
+    mStatusBarItem = std::make_unique<QSystemTrayIcon>(icon);
     mStatusBarItem->setToolTip(AppSettings::AppIdentify());
     connect(mStatusBarItem.get(), &QSystemTrayIcon::activated, this,
         [this](QSystemTrayIcon::ActivationReason reason) {

@@ -22,6 +22,7 @@ public:
     ~NativeStatusItemHost() override;
 
     void watch() override;
+    bool tintsItems() const override { return false; }
 
 private:
     void handleEvent(const xcb_generic_event_t& event) override;

@@ -6,6 +6,7 @@
 class FakeStatusItemHost final : public StatusItemHost {
 public:
     void watch() override { isWatched = true; }
+    bool tintsItems() const override { return false; }
     void bringTray()
     {
         if (isWatched && onFound)
