@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int kSettleMs = 100; // one change of a monitor comes as several notices
-
 QString nameOfScreenAt(QPoint corner)
 {
     for (const QScreen* screen : QGuiApplication::screens()) {
@@ -64,15 +62,12 @@ std::vector<ScreenFacts> readScreens()
 
 NativeDisplays::NativeDisplays()
 {
-    m_settled.setSingleShot(true);
-    m_settled.setInterval(kSettleMs);
-    QObject::connect(&m_settled, &QTimer::timeout, &m_settled, [this] { announceChange(); });
     m_observer = [NSNotificationCenter.defaultCenter
         addObserverForName:NSApplicationDidChangeScreenParametersNotification
                     object:nil
                      queue:nil
                 usingBlock:^(NSNotification*) { markStale(); }];
-    m_announced = all();
+    begin();
 }
 
 NativeDisplays::~NativeDisplays()
@@ -80,13 +75,9 @@ NativeDisplays::~NativeDisplays()
     [NSNotificationCenter.defaultCenter removeObserver:m_observer];
 }
 
-std::vector<DisplayRecord> NativeDisplays::all() const
+std::optional<std::vector<DisplayRecord>> NativeDisplays::read() const
 {
-    if (m_stale) {
-        m_displays = arrangedDisplays(readScreens());
-        m_stale = false;
-    }
-    return m_displays;
+    return arrangedDisplays(readScreens());
 }
 
 std::optional<QPoint> NativeDisplays::pointer() const
@@ -97,21 +88,4 @@ std::optional<QPoint> NativeDisplays::pointer() const
     const CGPoint location = CGEventGetLocation(event);
     CFRelease(event);
     return pixelAt(all(), location.x, location.y);
-}
-
-void NativeDisplays::markStale()
-{
-    m_stale = true;
-    m_settled.start();
-}
-
-// Qt may have taken the change over after the first look at it.
-void NativeDisplays::announceChange()
-{
-    m_stale = true;
-    if (all() == m_announced)
-        return;
-    m_announced = m_displays;
-    if (onChange)
-        onChange();
 }

@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int kSettleMs = 100; // one change of a monitor comes as several events
-
 const QScreen* screenAt(QPoint rootPixel)
 {
     // Qt leaves a screen's corner in device pixels and divides only its size.
@@ -52,23 +50,14 @@ NativeDisplays::NativeDisplays(std::shared_ptr<XConnection> connection)
 {
     if (const auto* randr = m_x->extension(&xcb_randr_id))
         m_randrEvents = randr->first_event;
-    m_settled.setSingleShot(true);
-    m_settled.setInterval(kSettleMs);
-    QObject::connect(&m_settled, &QTimer::timeout, &m_settled, [this] { announceChange(); });
     watchScreens();
     m_x->addListener(this);
-    m_announced = all();
+    begin();
 }
 
 NativeDisplays::~NativeDisplays()
 {
     m_x->removeListener(this);
-}
-
-std::vector<DisplayRecord> NativeDisplays::all() const
-{
-    readIfStale();
-    return m_displays;
 }
 
 std::optional<QPoint> NativeDisplays::pointer() const
@@ -82,7 +71,7 @@ std::optional<QPoint> NativeDisplays::pointer() const
 
 QPoint NativeDisplays::originOnRoot() const
 {
-    readIfStale();
+    all(); // reads it, too
     return m_origin;
 }
 
@@ -100,48 +89,31 @@ void NativeDisplays::handleEvent(const xcb_generic_event_t& event)
 
 void NativeDisplays::watchScreens()
 {
-    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &m_settled, [this](QScreen* screen) {
+    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &context(), [this](QScreen* screen) {
         watchScreen(screen);
         markStale();
     });
-    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &m_settled, [this] { markStale(); });
-    QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &m_settled, [this] { markStale(); });
+    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &context(), [this] { markStale(); });
+    QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &context(), [this] { markStale(); });
     for (QScreen* screen : QGuiApplication::screens())
         watchScreen(screen);
 }
 
 void NativeDisplays::watchScreen(QScreen* screen)
 {
-    QObject::connect(screen, &QScreen::geometryChanged, &m_settled, [this] { markStale(); });
-    QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, &m_settled, [this] { markStale(); });
+    QObject::connect(screen, &QScreen::geometryChanged, &context(), [this] { markStale(); });
+    QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, &context(), [this] { markStale(); });
 }
 
-void NativeDisplays::markStale()
+std::optional<std::vector<DisplayRecord>> NativeDisplays::read() const
 {
-    m_stale = true;
-    m_settled.start();
-}
-
-void NativeDisplays::announceChange()
-{
-    m_stale = true;
-    if (all() == m_announced)
-        return;
-    m_announced = m_displays;
-    if (onChange)
-        onChange();
-}
-
-void NativeDisplays::readIfStale() const
-{
-    if (!m_stale || !m_x->isAlive())
-        return;
-    m_stale = false;
+    if (!m_x->isAlive())
+        return std::nullopt;
     std::vector<DisplayRecord> onRoot = monitors();
     if (onRoot.empty())
         onRoot.push_back(rootDisplay());
     m_origin = onRoot.front().pixels.topLeft();
-    m_displays = arrangedDisplays(std::move(onRoot));
+    return arrangedDisplays(std::move(onRoot));
 }
 
 // In root pixels.
