@@ -1,47 +1,23 @@
-#include "capture/PointerTools.h"
+#include "tests/capture/ManagerTest.h"
 
-#include "capture/ToolScreen.h"
+#include "capture/PointerTools.h"
 #include "capture/ZRColorWindow.h"
 #include "capture/ZRMagnifierView.h"
-#include "capture/ZRScreenShotManager.h"
 #include "capture/ZRScreenshotCursorView.h"
-#include "settings/AppSettings.h"
-#include "settings/UserDefaults.h"
-#include "tests/fakes/FakePlatform.h"
-
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 
 constexpr auto kDistance = ScreenShotTool::Distance;
 constexpr auto kColor = ScreenShotTool::Color;
 
-// The tools on a faked desktop, driven through the manager as the menu does.
-class PointerToolsTest : public testing::Test {
+// The tools, driven through the manager as the menu does.
+class PointerToolsTest : public ManagerTest {
 protected:
     void SetUp() override
     {
-        UserDefaults::setStandardUserDefaults(&m_store);
-        AppSettings::install(&workspace(), nullptr);
-        ToolScreen::install(m_platform.displays.get());
-        manager = std::make_unique<ZRScreenShotManager>(m_platform);
+        ManagerTest::SetUp();
         manager->tools().onEnded = [this](const ToolOutcome& outcome) { outcomes.push_back(outcome); };
     }
-    void TearDown() override
-    {
-        manager.reset();
-        ToolScreen::install(nullptr);
-        AppSettings::install(nullptr, nullptr);
-        UserDefaults::setStandardUserDefaults(nullptr);
-    }
-
-    FakeWorkspace& workspace() { return static_cast<FakeWorkspace&>(*m_platform.workspace); }
-    FakeWindowServer& server() { return static_cast<FakeWindowServer&>(*m_platform.windowServer); }
-    FakeDisplays& displays() { return static_cast<FakeDisplays&>(*m_platform.displays); }
-    FakeInputGrab& grab() { return static_cast<FakeInputGrab&>(*m_platform.inputGrab); }
 
     // True when the tool then runs with its window.
     bool start(ScreenShotTool tool)
@@ -79,10 +55,6 @@ protected:
         displays().displays[0] = FakeDisplays::display(1, QRect(0, 0, 800, 600), scale);
     }
 
-    QTemporaryDir m_folder;
-    UserDefaults m_store{m_folder.path(), QStringLiteral("test"), QStringLiteral("older")};
-    Platform m_platform = makeFakePlatform();
-    std::unique_ptr<ZRScreenShotManager> manager;
     std::vector<ToolOutcome> outcomes;
 };
 

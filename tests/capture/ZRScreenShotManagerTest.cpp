@@ -1,50 +1,27 @@
-#include "capture/ZRScreenShotManager.h"
+#include "tests/capture/ManagerTest.h"
 
 #include "capture/RegionSizeView.h"
 #include "capture/ScreenShotBackView.h"
-#include "capture/ToolScreen.h"
 #include "capture/ZRMagnifierView.h"
 #include "capture/ZRScreenshotCursorView.h"
 #include "capture/ZRStaticScreenShotWindow.h"
-#include "settings/AppSettings.h"
-#include "settings/UserDefaults.h"
-#include "tests/fakes/FakePlatform.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 
-// A manager on a faked desktop of 800 x 600 pixels, saving into a folder of its own.
-class ZRScreenShotManagerTest : public testing::Test {
+// Saves into a folder of its own.
+class ZRScreenShotManagerTest : public ManagerTest {
 protected:
     void SetUp() override
     {
-        UserDefaults::setStandardUserDefaults(&m_store);
+        ManagerTest::SetUp();
         AppSettings::setScreenshotSavePath(m_folder.filePath(QStringLiteral("pictures")));
         QDir().mkpath(AppSettings::choosedScreenshotSavePath());
-        AppSettings::install(&workspace(), nullptr);
-        ToolScreen::install(m_platform.displays.get());
-        manager = std::make_unique<ZRScreenShotManager>(m_platform);
         manager->onFinished = [this](quint64, const CaptureOutcome& outcome) { outcomes.push_back(outcome); };
     }
-    void TearDown() override
-    {
-        manager.reset();
-        ToolScreen::install(nullptr);
-        AppSettings::install(nullptr, nullptr);
-        UserDefaults::setStandardUserDefaults(nullptr);
-    }
-
-    FakeWorkspace& workspace() { return static_cast<FakeWorkspace&>(*m_platform.workspace); }
-    FakeWindowServer& server() { return static_cast<FakeWindowServer&>(*m_platform.windowServer); }
-    FakeDisplays& displays() { return static_cast<FakeDisplays&>(*m_platform.displays); }
-    FakeInputGrab& grab() { return static_cast<FakeInputGrab&>(*m_platform.inputGrab); }
 
     void start(bool isFullScreen)
     {
@@ -84,10 +61,6 @@ protected:
         return QDir(AppSettings::choosedScreenshotSavePath()).entryList(QDir::Files);
     }
 
-    QTemporaryDir m_folder;
-    UserDefaults m_store{m_folder.path(), QStringLiteral("test"), QStringLiteral("older")};
-    Platform m_platform = makeFakePlatform();
-    std::unique_ptr<ZRScreenShotManager> manager;
     std::vector<CaptureOutcome> outcomes;
 };
 
