@@ -143,6 +143,8 @@ void CaptureJournal::watchAge()
 {
     QString reason;
     const auto record = JournalRecord::decoded(contentOf(recordPath()), &reason);
+    if (!record && hasEntry())
+        CommLog::log(QStringLiteral("the last capture is dropped: %1"), reason);
     const qint64 left = record ? record->time + kLifeMs - now() : 0;
     if (left > 0 && left <= kLifeMs)
         m_expiry.start(int(left));
@@ -162,6 +164,14 @@ std::optional<JournalEntry> CaptureJournal::last(QString* reason)
     *reason = QStringLiteral("there is none");
     if (!hasEntry())
         return std::nullopt;
+    auto entry = read(reason);
+    if (!entry)
+        forget();
+    return entry;
+}
+
+std::optional<JournalEntry> CaptureJournal::read(QString* reason) const
+{
     const auto record = JournalRecord::decoded(contentOf(recordPath()), reason);
     if (!record)
         return std::nullopt;

@@ -39,7 +39,7 @@ public:
     void watchAge();
     // Whether there is an entry, of whatever worth.
     bool hasEntry() const;
-    // Nothing when there is none, or none that can be read; `reason` then says why.
+    // Nothing when there is none, or none that can be read, which is then forgotten; `reason` says why.
     std::optional<JournalEntry> last(QString* reason);
 
     static constexpr qint64 kLifeMs = 60 * 60 * 1000;
@@ -51,6 +51,7 @@ private:
     // Empty when it stands; else the reason. A null picture means that the record's one stands already.
     QString write(const JournalRecord& record, const QImage& newPicture) const;
     void writeFailed(const QString& reason);
+    std::optional<JournalEntry> read(QString* reason) const;
     QString recordPath() const;
 
     const QString m_folder;
