@@ -63,6 +63,21 @@ protected:
         m_program.writeSettings({{SettingsKeys::kMosaicSecure, true}});
         Redaction::SetUp();
     }
+    // Whether the area is made of blocks that tell nothing of what was there, up to its edges.
+    testing::AssertionResult isHidden(const QImage& picture) const
+    {
+        const int block = 6 * scale();
+        if (picture.size() != m_before.size() || isMosaic(picture, m_before, m_area, block))
+            return testing::AssertionFailure() << "a picture of what was there, or none";
+        for (int y = m_area.top(); y <= m_area.bottom(); ++y) {
+            for (int x = m_area.left(); x <= m_area.right(); ++x) {
+                const QPoint p = QPoint(x, y) - m_area.topLeft();
+                if (picture.pixel(x, y) != picture.pixel(x - p.x() % block, y - p.y() % block))
+                    return testing::AssertionFailure() << "pixel " << x << ',' << y;
+            }
+        }
+        return testing::AssertionSuccess();
+    }
 };
 
 }
@@ -152,13 +167,23 @@ TEST_P(SecureRedaction, LeavesNoPixelOfTheArea)
     drag(kFrom, kTo);
     QImage file;
     EXPECT_TRUE(isSaved(m_area, &file));
-    const int block = 6 * scale();
-    for (int y = m_area.top(); y <= m_area.bottom(); ++y) {
-        for (int x = m_area.left(); x <= m_area.right(); ++x) {
-            const QPoint p = QPoint(x, y) - m_area.topLeft();
-            const QPoint corner = QPoint(x, y) - QPoint(p.x() % block, p.y() % block);
-            EXPECT_EQ(file.pixel(x, y), file.pixel(corner)) << x << ',' << y; // of one colour up to the edge
-        }
-    }
-    EXPECT_FALSE(isMosaic(file, m_before, m_area, block));
+    EXPECT_TRUE(isHidden(file));
+}
+
+TEST_P(SecureRedaction, IsAllThatIsKeptToOpenTheCaptureAgain)
+{
+    const QDir journal(m_desktop.cacheFolder() + QStringLiteral("/com.Lumora.Screenshot/journal"));
+    const auto kept = [&journal] {
+        const QStringList pictures = journal.entryList({QStringLiteral("*.png")}, QDir::Files);
+        return pictures.size() == 1 ? QImage(journal.filePath(pictures.first())) : QImage();
+    };
+    ASSERT_TRUE(waitUntil([&] { return samePixels(kept(), m_before); })) << "the region alone";
+    take(false, 6);
+    drag(kFrom, kTo);
+    EXPECT_TRUE(waitUntil([&] { return isHidden(kept()); }));
+    EXPECT_EQ(journal.entryList(QDir::Files | QDir::Hidden).size(), 2) << "a record and this picture";
+    QImage beside = kept();
+    put(beside, m_before, m_area);
+    EXPECT_TRUE(samePixels(beside, m_before));
+    EXPECT_TRUE(samePixels(kept().copy(m_area), screen().copy(m_area)));
 }
