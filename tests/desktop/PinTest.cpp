@@ -73,6 +73,19 @@ TEST_P(Pin, IsDraggedByItsBodyAndSavedWhole)
     EXPECT_TRUE(waitUntil([&] { return !hasWindow(moved); }));
 }
 
+TEST_P(Pin, IsOnTheNextPicture)
+{
+    ASSERT_TRUE(pin(kRegion));
+    m_desktop.input().drag({200, 500}, {633, 421});
+    ASSERT_TRUE(waitUntil([&] { return hasWindow(placeOf(kRegion).translated(433, -79)); }));
+    m_desktop.input().moveTo({1270, 790});
+    const QImage before = m_desktop.settledScreen();
+    const QImage picture = pictureAfter({Key::Super, Key::Digit2});
+    EXPECT_TRUE(samePixels(picture, before));
+    const QRect inside = placeOf(kRegion).adjusted(2, 2, -2, -2); // without the frame of an active one
+    EXPECT_TRUE(samePixels(picture.copy(inside.translated(433, -79)), m_before.copy(inside)));
+}
+
 TEST_P(Pin, ZoomsWithTheWheelAndComesBack)
 {
     ASSERT_TRUE(pin(kRegion));
@@ -93,8 +106,9 @@ TEST_P(Pin, ZoomsWithTheWheelAndComesBack)
     EXPECT_TRUE(waitUntil([&] { return !isBack(); }));
 }
 
-TEST_P(Pin, TwentyRestWithoutAWakeUp)
+TEST_P(Pin, TwentyRestWithoutAWakeUpAndAreEachDragged)
 {
+    const QPoint by(610, 40);
     std::vector<QRect> regions;
     for (int i = 0; i < 20; ++i)
         regions.push_back({20 + i % 5 * 130, 100 + i / 5 * 100, 100 + i, 80});
@@ -106,8 +120,12 @@ TEST_P(Pin, TwentyRestWithoutAWakeUp)
     QThread::msleep(1000);
     EXPECT_EQ(wakeUps(), before);
     for (const QRect region : regions) {
-        m_desktop.input().moveTo(region.center());
+        m_desktop.input().drag(region.center(), region.center() + by);
+        EXPECT_TRUE(waitUntil([&] { return hasWindow(placeOf(region).translated(by)); }));
+    }
+    for (const QRect region : regions) {
+        m_desktop.input().moveTo(region.center() + by);
         m_desktop.input().click(Button::Middle);
-        EXPECT_TRUE(waitUntil([&] { return !hasWindow(placeOf(region)); }));
+        EXPECT_TRUE(waitUntil([&] { return !hasWindow(placeOf(region).translated(by)); }));
     }
 }
