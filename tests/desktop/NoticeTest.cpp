@@ -1,16 +1,22 @@
 #include "tests/desktop/ProgramTest.h"
 
+#include <algorithm>
+
 namespace {
 
 // The program with its notices on, on a bare screen.
 class Notice : public EachDesktopTest {
 protected:
+    explicit Notice(const char* program = LUMORA_PROGRAM)
+        : EachDesktopTest({1280, 800}, program)
+    {
+    }
     void SetUp() override
     {
         EachDesktopTest::SetUp();
         m_program.setEnvironment(QStringLiteral("LUMORA_NOTICES"), QStringLiteral("on"));
-        ASSERT_TRUE(m_program.startResident());
         m_bare = m_desktop.settledScreen();
+        ASSERT_TRUE(m_program.startResident());
     }
     // A capture by its hot key, as quick as the program allows.
     void captureScreen()
@@ -35,14 +41,40 @@ protected:
         return waitUntil([&] { return changed() == place; }, 2000);
     }
 
+    // The notice that stands there; XCB_NONE for none.
+    xcb_window_t noticeAt(QRect place) const
+    {
+        const auto windows = m_desktop.server().visibleWindows();
+        const auto found = std::find_if(windows.begin(), windows.end(),
+            [&](xcb_window_t window) { return m_desktop.server().outline(window) == place; });
+        return found == windows.end() ? XCB_NONE : *found;
+    }
+
     static constexpr QRect kFirst{1280 - 355, 37, 345, 65};
-    static constexpr QRect kTwo{1280 - 355, 37, 345, 65 + 10 + 65};
+    static constexpr QRect kSecond = kFirst.translated(0, 65 + 10);
+    static constexpr QRect kTwo = kFirst.adjusted(0, 0, 0, 65 + 10);
     QImage m_bare;
+};
+
+// The notice of a transfer that is over, with the pointer where it comes.
+class ProgressNotice : public Notice {
+protected:
+    ProgressNotice()
+        : Notice(STAGED_PROGRAM)
+    {
+    }
+    void SetUp() override
+    {
+        m_program.setEnvironment(QStringLiteral("STAGED_WINDOWS"), QStringLiteral("progress"));
+        m_desktop.input().moveTo(kFirst.center());
+        Notice::SetUp();
+    }
 };
 
 }
 
 LUMORA_ON_EACH_DESKTOP(Notice);
+LUMORA_ON_EACH_DESKTOP(ProgressNotice);
 
 TEST_P(Notice, StandsAtTheTopRightAndMakesRoomForTheNext)
 {
@@ -51,6 +83,45 @@ TEST_P(Notice, StandsAtTheTopRightAndMakesRoomForTheNext)
     QThread::msleep(300);
     captureScreen();
     EXPECT_TRUE(waitForChange(kTwo));
+}
+
+TEST_P(Notice, LeavesWhenItHasMovedAndAThirdOneComes)
+{
+    xcb_window_t last = XCB_NONE;
+    for (int i = 0; i < 3; ++i) {
+        SCOPED_TRACE(i);
+        captureScreen();
+        const auto isMoved = [&] {
+            const xcb_window_t newest = noticeAt(kFirst);
+            return newest != XCB_NONE && newest != last && noticeAt(kSecond) == last;
+        };
+        ASSERT_TRUE(waitUntil(isMoved, 2000));
+        last = noticeAt(kFirst);
+        QThread::msleep(300);
+    }
+    EXPECT_TRUE(waitForChange(kTwo)) << "two at most";
+}
+
+TEST_P(Notice, KeepsToTheMainDisplayWhenThatGoes)
+{
+    ASSERT_TRUE(m_desktop.setPrimaryDisplay(QStringLiteral("FIRST"), {0, 0, 1280, 400}));
+    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("SECOND"), {0, 400, 1000, 400}));
+    captureScreen();
+    ASSERT_TRUE(waitUntil([this] { return noticeAt(kFirst) != XCB_NONE; }, 2000));
+    ASSERT_TRUE(m_desktop.removeDisplay(QStringLiteral("FIRST")));
+    EXPECT_TRUE(waitForChange(kFirst.translated(-280, 400)));
+    m_desktop.input().moveTo(kFirst.center() + QPoint(-280, 400));
+    m_desktop.input().click(Button::Left);
+    EXPECT_TRUE(waitForChange({}));
+}
+
+TEST_P(ProgressNotice, StaysUnderThePointerAndGoesAfterIt)
+{
+    EXPECT_TRUE(waitForChange(kFirst));
+    QThread::msleep(1400); // its second is over
+    EXPECT_EQ(changed(), kFirst);
+    m_desktop.input().moveTo({100, 700});
+    EXPECT_TRUE(waitForChange({}));
 }
 
 TEST_P(Notice, IsOnNoPicture)

@@ -8,9 +8,9 @@ constexpr int kPauseAfterCaptureMs = 350; // the program drops hot keys for 0.3 
 
 } // namespace
 
-ProgramTest::ProgramTest(const DesktopOptions& options)
+ProgramTest::ProgramTest(const DesktopOptions& options, const char* program)
     : m_desktop(options)
-    , m_program(m_desktop, QStringLiteral(LUMORA_PROGRAM))
+    , m_program(m_desktop, QString::fromUtf8(program))
 {
 }
 

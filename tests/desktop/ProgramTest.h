@@ -9,7 +9,7 @@
 // without a crash.
 class ProgramTest : public testing::Test {
 protected:
-    explicit ProgramTest(const DesktopOptions& options = {});
+    explicit ProgramTest(const DesktopOptions& options = {}, const char* program = LUMORA_PROGRAM);
     void SetUp() override;
     void TearDown() override;
 
@@ -36,8 +36,8 @@ protected:
 // The same with a window manager (true) and without one (false).
 class EachDesktopTest : public ProgramTest, public testing::WithParamInterface<bool> {
 protected:
-    explicit EachDesktopTest(QSize size = {1280, 800})
-        : ProgramTest({size, GetParam()})
+    explicit EachDesktopTest(QSize size = {1280, 800}, const char* program = LUMORA_PROGRAM)
+        : ProgramTest({size, GetParam()}, program)
     {
     }
 };
