@@ -13,4 +13,6 @@ void benchHover(BenchDesktop& bench, BenchTable& table);
 void benchCapture(BenchDesktop& bench, BenchTable& table);
 void benchPng(BenchDesktop& bench, BenchTable& table);
 void benchLanguages(BenchDesktop& bench, BenchTable& table);
+void benchJournal(BenchDesktop& bench, BenchTable& table);
+void benchPins(BenchDesktop& bench, BenchTable& table);
 void benchRest(BenchDesktop& bench, BenchTable& table);

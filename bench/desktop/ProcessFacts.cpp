@@ -3,6 +3,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <chrono>
+#include <thread>
+
 namespace {
 
 QByteArray contents(const QString& path)
@@ -51,4 +54,11 @@ qint64 ProcessFacts::contextSwitches(qint64 pid)
     return sumOfThreads(pid, "status", [](const QByteArray& s) {
         return statusNumber(s, "voluntary_ctxt_switches") + statusNumber(s, "nonvoluntary_ctxt_switches");
     });
+}
+
+qint64 ProcessFacts::contextSwitchesIn10s(qint64 pid)
+{
+    const qint64 before = contextSwitches(pid);
+    std::this_thread::sleep_for(std::chrono::seconds(10));
+    return contextSwitches(pid) - before;
 }

@@ -19,6 +19,8 @@ constexpr Bench kBenches[] = {
     {"capture", benchCapture},
     {"png", benchPng},
     {"languages", benchLanguages},
+    {"journal", benchJournal},
+    {"pins", benchPins},
     {"rest", benchRest},
 };
 
