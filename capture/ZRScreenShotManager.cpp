@@ -330,8 +330,10 @@ void ZRScreenShotManager::prepareOverlay()
     if (mIsCapturing || !display.isValid())
         return;
     m_platform.windowServer->prepare(display);
-    if (!m_preparedWindow || m_preparedWindow->screenDisplay() != display)
-        m_preparedWindow = std::make_unique<ZRStaticScreenShotWindow>(display);
+    if (m_preparedWindow && m_preparedWindow->screenDisplay() == display)
+        return;
+    m_preparedWindow = std::make_unique<ZRStaticScreenShotWindow>(display);
+    m_preparedWindow->prepareToolbars();
 }
 
 // A movement right before a press or a release may be left out where another one waits behind it, so both

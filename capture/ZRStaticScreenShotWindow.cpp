@@ -20,6 +20,12 @@ ZRStaticScreenShotWindow::ZRStaticScreenShotWindow(const DisplayRecord& display)
     };
 }
 
+void ZRStaticScreenShotWindow::prepareToolbars()
+{
+    m_graffitToolbar->prepareImages();
+    m_shareToolbar->prepareImages();
+}
+
 void ZRStaticScreenShotWindow::addGraffitView(ZREditorView& view)
 {
     view.stackUnder(m_backView);

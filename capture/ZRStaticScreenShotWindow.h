@@ -24,6 +24,8 @@ public:
 
     // Gives the view of the annotations, a child already, its place.
     void addGraffitView(ZREditorView& view);
+    // Draws what the first showing of the toolbars needs; for an idle moment.
+    void prepareToolbars();
     // Puts the picture and the mask on the shown overlay, and on them the region's chrome, or, with
     // `isAnnotated`, everything that stands there already.
     void showFrame(WindowServer& server, bool isAnnotated);

@@ -7,10 +7,11 @@
 #include <QHash>
 #include <QImage>
 #include <QPainter>
-#include <QPixmapCache>
 #include <QSvgRenderer>
 
 #include <array>
+#include <map>
+#include <tuple>
 
 namespace {
 
@@ -83,13 +84,11 @@ QPixmap imageNamed(const QString& name, QSizeF size, qreal scale)
         return {};
     if (size.isEmpty())
         size = drawing.size;
-    const QString key =
-        QStringLiteral("%1 %2x%3@%4").arg(name).arg(size.width()).arg(size.height()).arg(scale);
-    QPixmap pixmap;
-    if (!QPixmapCache::find(key, &pixmap)) {
+    // Qt's own cache would wake the program up after a while to forget what is not shown.
+    static std::map<std::tuple<QString, qreal, qreal, qreal>, QPixmap> pixmaps;
+    QPixmap& pixmap = pixmaps[{name, size.width(), size.height(), scale}];
+    if (pixmap.isNull())
         pixmap = rendered(drawing, state.ink, size, scale);
-        QPixmapCache::insert(key, pixmap);
-    }
     return pixmap;
 }
 

@@ -11,8 +11,8 @@
 // its own. Main thread only.
 
 // The picture centred in a box of `size` points at `scale` device pixels a point, its proportions kept; an
-// empty size stands for imageSize(). Null when no picture has the name. Pictures are kept, so asking again is
-// cheap.
+// empty size stands for imageSize(). Null when no picture has the name. Pictures are kept for the
+// program's life, so asking again is cheap.
 QPixmap imageNamed(const QString& name, QSizeF size, qreal scale);
 // The size that a picture is drawn for, in points; empty when no picture has the name.
 QSizeF imageSize(const QString& name);

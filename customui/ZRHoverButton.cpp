@@ -64,6 +64,12 @@ void ZRHoverButton::setDownImage(const QString& name)
     change(m_downImage, name);
 }
 
+void ZRHoverButton::prepareImages() const
+{
+    for (const QString& name : {m_image, m_hoverImage, m_downImage})
+        imageNamed(name, shownImageSize(), devicePixelRatioF());
+}
+
 void ZRHoverButton::setImageSize(QSizeF size)
 {
     change(m_imageSize, size);
@@ -244,13 +250,19 @@ void ZRHoverButton::drawBackground(QPainter& painter) const
 
 void ZRHoverButton::drawImage(QPainter& painter) const
 {
-    QSizeF size = m_imageSize.isEmpty() ? imageSize(m_image) : m_imageSize;
-    size = size.boundedTo(QSizeF(this->size()));
+    const QSizeF size = shownImageSize();
     QPixmap image = imageNamed(shownImage(), size, devicePixelRatioF());
     if (image.isNull())
         image = imageNamed(m_image, size, devicePixelRatioF());
     const QPoint corner(qRound((width() - size.width()) / 2), qRound((height() - size.height()) / 2));
     painter.drawPixmap(corner, image);
+}
+
+// Points.
+QSizeF ZRHoverButton::shownImageSize() const
+{
+    const QSizeF wanted = m_imageSize.isEmpty() ? imageSize(m_image) : m_imageSize;
+    return wanted.boundedTo(QSizeF(size()));
 }
 
 void ZRHoverButton::drawFocus(QPainter& painter) const

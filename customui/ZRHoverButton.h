@@ -28,6 +28,8 @@ public:
     void setImage(const QString& name);
     void setHoverImage(const QString& name);
     void setDownImage(const QString& name);
+    // Draws the pictures of all states in advance, so that the first painting of each is cheap.
+    void prepareImages() const;
     // Points; the picture's own size until one is set.
     void setImageSize(QSizeF size);
 
@@ -83,6 +85,7 @@ private:
     void setMouseDown(bool isDown) { change(m_isMouseDown, isDown); }
     void drawBackground(QPainter& painter) const;
     void drawImage(QPainter& painter) const;
+    QSizeF shownImageSize() const;
     void drawFocus(QPainter& painter) const;
 
     QString m_image, m_hoverImage, m_downImage;

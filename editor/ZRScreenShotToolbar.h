@@ -15,6 +15,8 @@ public:
 
     // Makes the toolbar ready for a new region: no item selected.
     virtual void initialize();
+    // Draws the pictures of all items in advance.
+    void prepareImages();
     void setScreenShotViewController(ScreenshotActions* controller); // not owned
     // Shows the toolbar in its place beside a region, or hides it.
     virtual void showToolbar(bool show, ZRRect withRegionRect);
