@@ -1,28 +1,31 @@
 #include "editor/GraffitCanvas.h"
 
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace {
 
-constexpr size_t kFew = 4; // more rectangles than these are painted as one
+constexpr size_t kFew = 4; // rectangles; more are painted as one
 
-QRect united(const std::vector<QRect>& rects)
-{
-    QRect all;
-    for (const QRect& r : rects)
-        all |= r;
-    return all;
-}
-
-// Empties the list. Rectangles that overlap or are many become one; none is empty.
+// Empties the list. Rectangles that overlap become one, and all of them where many are left; none is empty.
 std::vector<QRect> takeFew(std::vector<QRect>& list)
 {
-    std::vector<QRect> rects = std::exchange(list, {});
-    std::erase_if(rects, [](const QRect& r) { return r.isEmpty(); });
-    const bool isOverlapping = rects.size() == 2 && rects[0].intersects(rects[1]);
-    if (rects.size() > kFew || isOverlapping)
-        return {united(rects)};
-    return rects;
+    std::vector<QRect> few;
+    for (QRect rect : std::exchange(list, {})) {
+        if (rect.isEmpty())
+            continue;
+        const auto overlaps = [&rect](const QRect& other) { return other.intersects(rect); };
+        for (auto found = std::ranges::find_if(few, overlaps); found != few.end();
+             found = std::ranges::find_if(few, overlaps)) {
+            rect |= *found;
+            few.erase(found);
+        }
+        few.push_back(rect);
+    }
+    if (few.size() <= kFew)
+        return few;
+    return {std::accumulate(few.begin(), few.end(), QRect(), [](QRect all, QRect r) { return all | r; })};
 }
 
 }
@@ -37,12 +40,12 @@ GraffitCanvas::GraffitCanvas(const QImage& frozen, const QTransform& toPixels)
 
 void GraffitCanvas::setSpace(const QTransform& toPixels)
 {
-    m_painter = GraffitPainter(m_frozen.size(), toPixels);
+    m_painter.setSpace(toPixels);
 }
 
-void GraffitCanvas::invalidate(const EntityRecord& record)
+QRect GraffitCanvas::invalidate(const EntityRecord& record)
 {
-    m_invalid.push_back(m_painter.pixelBounds(record) & m_frozen.rect());
+    return m_invalid.emplace_back(m_painter.pixelBounds(record) & m_frozen.rect());
 }
 
 QRegion GraffitCanvas::repaint(std::span<const EntityRecord> lower, const EntityRecord* top)

@@ -17,10 +17,11 @@ public:
     // points to them.
     GraffitCanvas(const QImage& frozen, const QTransform& toPixels);
 
-    // The annotations are the same to the pixel, counted in another space.
+    // Records are counted in another space from now on. What is painted stays: what differs in the new space
+    // has to be invalidated before and after.
     void setSpace(const QTransform& toPixels);
-    // What is painted there is out of date.
-    void invalidate(const EntityRecord& record);
+    // What is painted there is out of date: the record's pixels.
+    QRect invalidate(const EntityRecord& record);
     void invalidateTop() { m_invalid.push_back(m_top); }
     // Paints what is out of date, `lower` first; `top` is the annotation in hand or null. The pixels that it
     // painted.

@@ -14,6 +14,8 @@ public:
     // For pictures of a size; `toPixels` leads from the records' points to their device pixels.
     GraffitPainter(QSize pixels, const QTransform& toPixels);
 
+    void setSpace(const QTransform& toPixels) { m_toPixels = toPixels; }
+
     // The pixels that an annotation may touch; empty for one that draws nothing.
     QRect pixelBounds(const EntityRecord& record) const;
     // Where a stroke that was painted last has grown by points at its end, the pixels of the new pieces; they

@@ -39,7 +39,10 @@ public:
         QApplication::processEvents();
     }
     std::shared_ptr<const Frame> frame() const override { return m_frame; }
-    QImage getCurrentImageFromTheRegion(ZRRect) const override { return {}; }
+    QImage getCurrentImageFromTheRegion(ZRRect rect) const override
+    {
+        return m_frame->crop(m_frame->display().localPixels(rect));
+    }
 
     void press(const char* tool, ZRPoint point)
     {
@@ -49,6 +52,7 @@ public:
     void move(ZRPoint point) { m_manager.editorView()->mouseDragged({point, Qt::NoButton}); }
     void release(ZRPoint point) { m_manager.editorView()->mouseUp({point, Qt::LeftButton}); }
     void undo() { m_manager.undoDrawView(); }
+    void moveRegion(ZRRect to) { m_manager.updateGraffitView(to); }
     // A drag in a hundred small steps.
     void draw(const char* tool, ZRPoint from, ZRSize by)
     {
@@ -110,6 +114,47 @@ double strokeTime(Editor& editor, int points)
     editor.release(scribble(points));
     editor.undo();
     return time;
+}
+
+// Three areas of 300x200 in a region of 1600x900, drawn with a tool.
+void drawAreas(Editor& editor, const char* tool)
+{
+    editor.moveRegion({400, 400, 1600, 900});
+    for (const double x : {500.0, 900.0, 1300.0}) {
+        editor.press(tool, {x, 600});
+        editor.move({x + 300, 800});
+        editor.release({x + 300, 800});
+    }
+}
+
+// Milliseconds of the region's drag, a repaint each step.
+double moveTime(Editor& editor)
+{
+    QApplication::processEvents();
+    return ProcessorTime::of([&editor] {
+        for (int step = 0; step < kSteps; ++step) {
+            editor.moveRegion({400.0 + step % 100, 400.0 + step % 60, 1600, 900});
+            QApplication::processEvents();
+        }
+    });
+}
+
+// Blurs and mosaics are made anew at each step.
+void benchMovedRegion(const std::shared_ptr<const Frame>& frame, BenchTable& table)
+{
+    struct Case {
+        const char *tool, *name;
+        double limit;
+    };
+    for (const Case& c : {Case{"blur", "moved region, 3 blurs or 3 rectangles", 4},
+             Case{"mosic", "moved region, 3 mosaics or 3 rectangles", 2}}) {
+        Editor bare(frame), covered(frame);
+        drawAreas(bare, "square");
+        drawAreas(covered, c.tool);
+        ProcessorTime::compare(
+            {QLatin1String(c.name), k4K, {}, 0, {}, c.limit}, kRounds, [&bare] { return moveTime(bare); },
+            [&covered] { return moveTime(covered); }, table);
+    }
 }
 
 QPainterPath polyline(const DragPoints& points)
@@ -198,6 +243,7 @@ int main(int argc, char* argv[])
             [&editor] { return strokeTime(editor, 20); }, [&editor] { return strokeTime(editor, 20000); },
             table);
     }
+    benchMovedRegion(frame, table);
     benchPicture(frame, table);
     return table.isKept() ? 0 : 1;
 }
