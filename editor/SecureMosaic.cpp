@@ -32,34 +32,39 @@ struct Colour {
 // One side of the ring: for each block beside it the colour of the pixels that it touches.
 using Side = std::vector<Colour>;
 
-// The pixels of `part`, one pixel wide or high; those beyond the frame are left out.
-Colour colourOf(const QImage& frame, QRect part)
-{
-    Colour colour;
-    const QRect inside = part.intersected(frame.rect());
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-        for (int x = inside.left(); x <= inside.right(); ++x)
-            colour.add(frame.pixel(x, y));
+// What may be seen around an area.
+struct Surroundings {
+    const QImage& frame;
+    const QRegion visible; // of the frame
+
+    // Of the pixels of `part` that are visible.
+    Colour colourOf(const QRect& part) const
+    {
+        Colour colour;
+        for (const QRect& r : visible.intersected(part))
+            for (int y = r.top(); y <= r.bottom(); ++y)
+                for (int x = r.left(); x <= r.right(); ++x)
+                    colour.add(frame.pixel(x, y));
+        return colour;
     }
-    return colour;
-}
+};
 
 // The ring around an area, in the blocks' steps.
 struct Ring {
     Side top, bottom; // from the left
     Side left, right; // from the top
 
-    Ring(const QImage& frame, QRect area, int blockSize)
+    Ring(const Surroundings& around, QRect area, int blockSize)
     {
         for (int x = 0; x < area.width(); x += blockSize) {
             const QRect across(area.x() + x, area.y(), std::min(blockSize, area.width() - x), 1);
-            top.push_back(colourOf(frame, across.translated(0, -1)));
-            bottom.push_back(colourOf(frame, across.translated(0, area.height())));
+            top.push_back(around.colourOf(across.translated(0, -1)));
+            bottom.push_back(around.colourOf(across.translated(0, area.height())));
         }
         for (int y = 0; y < area.height(); y += blockSize) {
             const QRect down(area.x(), area.y() + y, 1, std::min(blockSize, area.height() - y));
-            left.push_back(colourOf(frame, down.translated(-1, 0)));
-            right.push_back(colourOf(frame, down.translated(area.width(), 0)));
+            left.push_back(around.colourOf(down.translated(-1, 0)));
+            right.push_back(around.colourOf(down.translated(area.width(), 0)));
         }
     }
 
@@ -93,7 +98,8 @@ QRgb blockColour(const Colour& facing, QRandomGenerator& random)
 
 } // namespace
 
-QImage secureMosaic(const QImage& frame, QRect area, int blockSize, QRandomGenerator random)
+QImage secureMosaic(
+    const QImage& frame, QRect area, int blockSize, QRandomGenerator random, const QRegion& hidden)
 {
     if (area.isEmpty() || blockSize < 1)
         return {};
@@ -101,7 +107,7 @@ QImage secureMosaic(const QImage& frame, QRect area, int blockSize, QRandomGener
     if (mosaic.isNull())
         return {};
     blockSize = std::min(blockSize, std::max(area.width(), area.height()));
-    const Ring ring(frame, area, blockSize);
+    const Ring ring({frame, QRegion(frame.rect()) - hidden}, area, blockSize);
     for (int y = 0; y < mosaic.height(); ++y) {
         auto* row = reinterpret_cast<QRgb*>(mosaic.scanLine(y));
         if (y % blockSize != 0) {

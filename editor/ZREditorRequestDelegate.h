@@ -7,6 +7,7 @@
 #include <vector>
 
 class ZRBasicCustomView;
+class ZRGaussianBlur;
 
 // What a press came to.
 enum class PressStatus { Nothing = 0, Created = 1, Hit = 2 };
@@ -33,8 +34,8 @@ public:
     virtual std::vector<EntityRecord> EditorRequest_getAllGraffitRect() const = 0;
     // The same with the text boxes.
     virtual std::vector<EntityRecord> allRecords() const = 0;
-    // The region is at another place of the display: the pictures of the pixels below have to be made anew.
-    virtual void EditorRequest_DidMoveRegion() = 0;
+    // The areas that cover what is below them, in drawing order.
+    virtual std::vector<ZRGaussianBlur*> EditorRequest_coveredAreas() const = 0;
     // The frozen pixels of a rectangle of the overlay; null when there are none.
     virtual QImage EditorRequest_getCurrentImageFromTheRegion(ZRRect rect) const = 0;
 };

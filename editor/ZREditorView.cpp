@@ -14,6 +14,12 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+const QString kMosaicID = QStringLiteral("mosic");
+
+}
+
 ZREditorView::ZREditorView(QWidget* parent)
     : View(parent)
 {
@@ -29,11 +35,11 @@ void ZREditorView::setFrame(ZRRect frame)
 {
     if (frame == m_frame)
         return;
-    updatePixels(shownPixels());
+    updatePixels(invalidateAll() + markPixels());
     m_frame = frame;
-    if (requestDelegate)
-        requestDelegate->EditorRequest_DidMoveRegion();
-    startCanvas();
+    m_canvas.setSpace(toPixels());
+    makeAllPictures();
+    invalidateAll();
     redisplay();
 }
 
@@ -150,11 +156,14 @@ void ZREditorView::removeEditorWitchIsNullText()
 
 void ZREditorView::makePicture(ZRGaussianBlur& area)
 {
-    invalidate(area);
-    area.clearBlurLayer();
-    if (!area.vctualRect().isEmpty())
-        area.setBlurLayer(coverOf(area));
-    invalidate(area);
+    if (area.viewId() == kMosaicID && area.blurLayer().isNull() && AppSettings::isMosaicSecure())
+        area.setSecure(newRandom());
+    cover(area);
+    if (!area.isSecure())
+        return;
+    for (ZRGaussianBlur* other : requestDelegate->EditorRequest_coveredAreas())
+        if (other != &area && pixelsBelow(*other).intersects(pixelsBelow(area).adjusted(-1, -1, 1, 1)))
+            cover(*other);
 }
 
 // A release that never came is taken as come.
@@ -283,17 +292,67 @@ bool ZREditorView::dragBeyondRegion(ZRPoint point)
     return true;
 }
 
+std::vector<ZRGaussianBlur*> ZREditorView::secureAreas() const
+{
+    std::vector<ZRGaussianBlur*> areas = requestDelegate->EditorRequest_coveredAreas();
+    std::erase_if(areas, [](const ZRGaussianBlur* area) { return !area->isSecure(); });
+    return areas;
+}
+
+// The secure ones first, which the others show where they overlap.
+void ZREditorView::makeAllPictures()
+{
+    if (!requestDelegate)
+        return;
+    std::vector<ZRGaussianBlur*> areas = requestDelegate->EditorRequest_coveredAreas();
+    std::stable_partition(areas.begin(), areas.end(), [](const auto* area) { return area->isSecure(); });
+    for (ZRGaussianBlur* area : areas)
+        cover(*area);
+}
+
+void ZREditorView::cover(ZRGaussianBlur& area)
+{
+    invalidate(area);
+    area.clearBlurLayer();
+    if (!area.vctualRect().isEmpty())
+        area.setBlurLayer(coverOf(area));
+    invalidate(area);
+}
+
 QImage ZREditorView::coverOf(const ZRGaussianBlur& area) const
 {
-    const ZRRect rect = area.vctualRect().translated(m_frame.x, m_frame.y);
     const double scale = m_display->display().scale;
-    if (area.viewId() == QLatin1String("mosic") && AppSettings::isMosaicSecure()) {
-        const QRect pixels = m_display->display().localPixels(rect) & m_display->image().rect();
-        return secureMosaic(
-            m_display->image(), pixels, std::max(1, qRound(area.strength() * scale)), newRandom());
+    if (!area.isSecure()) {
+        const QImage original = originalOf(area);
+        return original.isNull() ? QImage() : area.coverOf(original, scale);
     }
-    const QImage original = requestDelegate->EditorRequest_getCurrentImageFromTheRegion(rect);
-    return original.isNull() ? QImage() : area.coverOf(original, scale);
+    QRegion hidden;
+    for (const ZRGaussianBlur* other : secureAreas())
+        hidden += pixelsBelow(*other);
+    return secureMosaic(m_display->image(), pixelsBelow(area), std::max(1, qRound(area.strength() * scale)),
+        area.random(), hidden);
+}
+
+// The frozen pixels below an area; where a secure one hides them, its cover.
+QImage ZREditorView::originalOf(const ZRGaussianBlur& area) const
+{
+    QImage original = requestDelegate->EditorRequest_getCurrentImageFromTheRegion(
+        area.vctualRect().translated(m_frame.x, m_frame.y));
+    const QRect pixels = pixelsBelow(area);
+    for (const ZRGaussianBlur* secure : secureAreas()) {
+        const QRect covered = pixelsBelow(*secure);
+        if (original.isNull() || !covered.intersects(pixels))
+            continue;
+        original = original.copy(); // the frame's own pixels stay as they are
+        QPainter(&original).drawImage(covered.topLeft() - pixels.topLeft(), secure->blurLayer());
+    }
+    return original;
+}
+
+QRect ZREditorView::pixelsBelow(const ZRGaussianBlur& area) const
+{
+    const ZRRect rect = area.vctualRect().translated(m_frame.x, m_frame.y);
+    return m_display->display().localPixels(rect) & m_display->image().rect();
 }
 
 ZRPoint ZREditorView::convertPoint(ZRPoint overlayPoint) const
@@ -320,10 +379,17 @@ void ZREditorView::startCanvas()
 {
     m_canvas = m_display ? GraffitCanvas(m_display->image(), toPixels()) : GraffitCanvas();
     m_top = nullptr;
-    if (!requestDelegate)
-        return;
-    for (const EntityRecord& record : requestDelegate->allRecords())
-        m_canvas.invalidate(record);
+    invalidateAll();
+}
+
+// The pixels of all annotations.
+QRegion ZREditorView::invalidateAll()
+{
+    QRegion pixels;
+    if (requestDelegate)
+        for (const EntityRecord& record : requestDelegate->allRecords())
+            pixels += m_canvas.invalidate(record);
+    return pixels;
 }
 
 void ZREditorView::finishGesture()
@@ -332,9 +398,9 @@ void ZREditorView::finishGesture()
     m_isInField = false;
     if (!m_current || m_current->isDrawDone())
         return;
+    m_current->setIsDrawDone();
     if (auto* area = dynamic_cast<ZRGaussianBlur*>(m_current))
         makePicture(*area);
-    m_current->setIsDrawDone();
 }
 
 // One step of a drag costs no look at any other annotation.

@@ -48,9 +48,10 @@ public:
     ZRTextEditor* editingEditor() const; // null: no text is edited
     ZRTextEditor* isClickOnEditor(ZRPoint point) const;
     void removeEditorWitchIsNullText();
-    // Hides an area anew, by what lies below it now.
+    // Covers an area anew, by what lies below it now; with it, where it is secure, those that touch it, for
+    // no cover is made of what a secure one hides.
     void makePicture(ZRGaussianBlur& area);
-    // What a secure mosaic is made of beside the pixels around it.
+    // What a secure mosaic is made of beside the pixels around it; asked once for each.
     std::function<QRandomGenerator()> newRandom = QRandomGenerator::securelySeeded;
 
     // The frozen display with the annotations, as it is on the screen but for handles. `pixels` of the
@@ -78,11 +79,17 @@ private:
     void placeField(const ZRTextEditor& editor) const;
     QRectF widgetRect(ZRRect rect) const;
     bool dragBeyondRegion(ZRPoint point);
+    std::vector<ZRGaussianBlur*> secureAreas() const;
+    void makeAllPictures();
+    void cover(ZRGaussianBlur& area);
     QImage coverOf(const ZRGaussianBlur& area) const;
+    QImage originalOf(const ZRGaussianBlur& area) const;
+    QRect pixelsBelow(const ZRGaussianBlur& area) const;
     ZRPoint convertPoint(ZRPoint overlayPoint) const;
     QTransform toPixels() const;
     QRect regionPixels() const;
     void startCanvas();
+    QRegion invalidateAll();
     void finishGesture();
     void redisplayEntity();
     void paintMovedEntity();

@@ -3,6 +3,7 @@
 #include "editor/ZRBasicCustomView.h"
 
 #include <QImage>
+#include <QRandomGenerator>
 
 #include <optional>
 
@@ -27,6 +28,10 @@ public:
     // Kept: true for a blur as well.
     bool isMosic() const { return _isMosic; }
     void setIsMosic(bool isMosic) { _isMosic = isMosic; }
+    // Makes the area's covers secure mosaics; all are made with the same random numbers.
+    void setSecure(const QRandomGenerator& random) { m_random = random; }
+    bool isSecure() const { return m_random.has_value(); }
+    QRandomGenerator random() const { return m_random.value(); }
     // Fills the area; null until the drag that creates it has ended.
     const QImage& blurLayer() const { return mBurLayer; }
     void setBlurLayer(const QImage& cover);
@@ -45,4 +50,5 @@ private:
     QImage mBurLayer;
     bool _isMosic = true;
     std::optional<qint32> m_strength;
+    std::optional<QRandomGenerator> m_random; // of a secure one
 };

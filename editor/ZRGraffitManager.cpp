@@ -311,11 +311,13 @@ std::vector<EntityRecord> ZRGraffitManager::allRecords() const
     return records;
 }
 
-void ZRGraffitManager::EditorRequest_DidMoveRegion()
+std::vector<ZRGaussianBlur*> ZRGraffitManager::EditorRequest_coveredAreas() const
 {
+    std::vector<ZRGaussianBlur*> areas;
     for (const auto& entity : mGraffitEntitys)
         if (auto* area = dynamic_cast<ZRGaussianBlur*>(entity.get()); area && area->isDrawDone())
-            mEditorView->makePicture(*area);
+            areas.push_back(area);
+    return areas;
 }
 
 QImage ZRGraffitManager::EditorRequest_getCurrentImageFromTheRegion(ZRRect rect) const
@@ -367,11 +369,12 @@ void ZRGraffitManager::insert(std::unique_ptr<ZRBasicCustomView> entity, size_t 
     clearFocusOnGraffitView();
     if (ZRTextEditor* text = textEditor(entity.get()))
         mEditorView->addSubview(*text);
-    if (auto* area = dynamic_cast<ZRGaussianBlur*>(entity.get()))
-        mEditorView->makePicture(*area); // the region may have been elsewhere
-    mEditorView->invalidate(*entity);
     const size_t place = std::min(index, mGraffitEntitys.size());
-    mGraffitEntitys.insert(mGraffitEntitys.begin() + std::ptrdiff_t(place), std::move(entity));
+    ZRBasicCustomView& inserted =
+        **mGraffitEntitys.insert(mGraffitEntitys.begin() + std::ptrdiff_t(place), std::move(entity));
+    if (auto* area = dynamic_cast<ZRGaussianBlur*>(&inserted))
+        mEditorView->makePicture(*area); // the region may have been elsewhere
+    mEditorView->invalidate(inserted);
     mEditorView->redisplay();
 }
 

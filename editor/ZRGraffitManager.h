@@ -84,7 +84,7 @@ public:
     std::vector<EntityRecord> EditorRequest_getAllGraffitRect() const override;
     QImage EditorRequest_getCurrentImageFromTheRegion(ZRRect rect) const override;
     std::vector<EntityRecord> allRecords() const override;
-    void EditorRequest_DidMoveRegion() override;
+    std::vector<ZRGaussianBlur*> EditorRequest_coveredAreas() const override;
     void EditorDelegate_deleteNullTextField(ZRBasicCustomView* textField) override;
     void EditorDelegate_endEdit() override;
 

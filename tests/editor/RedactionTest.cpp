@@ -1,8 +1,11 @@
+#include "editor/ShapeRules.h"
 #include "editor/ZRGaussianBlur.h"
+#include "output/ImageWriter.h"
 #include "settings/AppSettings.h"
 #include "settings/UserDefaults.h"
 #include "tests/editor/EditorTest.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 namespace {
@@ -56,6 +59,62 @@ protected:
     UserDefaults m_store;
 };
 
+// The same with secure mosaics of known random numbers, by the display's scale.
+class SecureRedaction : public Redaction, public testing::WithParamInterface<int> {
+protected:
+    struct Area {
+        const char* tool;
+        ZRPoint from, to;
+    };
+    SecureRedaction()
+        : Redaction(GetParam())
+    {
+        AppSettings::setMosaicSecure(true);
+        view().newRandom = [] { return QRandomGenerator(5); };
+    }
+
+    // Pixels of the display below the mosaics.
+    QRegion hiddenPixels(const std::vector<Area>& areas) const
+    {
+        QRegion pixels;
+        for (const Area& area : areas)
+            if (qstrcmp(area.tool, "blur") != 0)
+                pixels += m_frame->display().localPixels(
+                    ShapeRules::spanned(area.from, area.to).translated(kRegion.x, kRegion.y));
+        return pixels;
+    }
+    QImage withAreas(const std::vector<Area>& areas)
+    {
+        for (const Area& area : areas)
+            draw(area.tool, area.from, area.to);
+        const QImage drawn = picture();
+        while (m_manager.isCanRevoke())
+            m_manager.undoDrawView();
+        return drawn;
+    }
+    // What is written of the region where its mosaics hide a colour.
+    QList<QByteArray> files(const std::vector<Area>& areas, Qt::GlobalColor secret)
+    {
+        const auto before = m_frame;
+        QImage image = before->image().copy();
+        for (const QRect& hidden : hiddenPixels(areas))
+            QPainter(&image).fillRect(hidden, secret);
+        m_frame = std::make_shared<Frame>(before->display(), image);
+        view().setFrozenDisplay(m_frame);
+        const QImage drawn = withAreas(areas);
+        m_frame = before;
+        view().setFrozenDisplay(m_frame);
+        QList<QByteArray> bytes;
+        for (const char* type : {".png", ".jpg"}) {
+            QFile file(m_folder.filePath(QStringLiteral("picture")));
+            EXPECT_TRUE(ImageWriter::write(file.fileName(), drawn, QLatin1String(type)).ok);
+            EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+            bytes << file.readAll();
+        }
+        return bytes;
+    }
+};
+
 class RedactionAtScale2 : public Redaction {
 protected:
     RedactionAtScale2()
@@ -63,6 +122,8 @@ protected:
     {
     }
 };
+
+INSTANTIATE_TEST_SUITE_P(Scales, SecureRedaction, testing::Values(1, 2));
 
 }
 
@@ -164,27 +225,44 @@ TEST_F(Redaction, LiesBelowWhatIsDrawnLater)
     EXPECT_EQ(picture().pixel(155, 80), qRgb(255, 0, 0));
 }
 
-TEST_F(Redaction, SecureMosaicTellsNothingOfWhatItHides)
+// In whatever order and beside whatever it was drawn.
+TEST_P(SecureRedaction, FilesTellNothingOfWhatItHides)
 {
-    AppSettings::setMosaicSecure(true);
-    view().newRandom = [] { return QRandomGenerator(5); };
-    draw("mosic", kFrom, kTo);
-    const QImage one = picture();
-    EXPECT_EQ(withoutArea(one), withoutArea(untouched()));
-    const QImage frozen = untouched();
-    for (int y = area().top(); y <= area().bottom(); ++y)
-        for (int x = area().left(); x <= area().right(); ++x)
-            EXPECT_NE(one.pixel(x, y), frozen.pixel(x, y)) << x << ',' << y;
-    m_manager.undoDrawView();
+    const Area mosaic{"mosic", kFrom, kTo};
+    const struct {
+        const char* what;
+        std::vector<Area> areas;
+        bool isSecure;
+    } cases[] = {
+        {"alone", {mosaic}, true},
+        {"beside another", {mosaic, {"mosic", {200, 150}, {140, 80}}}, true},
+        {"over another", {mosaic, {"mosic", {200, 60}, {100, 120}}}, true},
+        {"below a blur", {mosaic, {"blur", {200, 60}, {100, 120}}}, true},
+        {"above a blur", {{"blur", {200, 60}, {100, 120}}, mosaic}, true},
+        {"an ordinary one", {mosaic}, false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        AppSettings::setMosaicSecure(c.isSecure);
+        const bool areAlike = files(c.areas, Qt::darkGreen) == files(c.areas, Qt::yellow);
+        EXPECT_EQ(areAlike, c.isSecure);
+        const QRegion hidden = hiddenPixels(c.areas).translated(-regionPixels().topLeft());
+        const QImage frozen = frozenThere(), shown = withAreas(c.areas);
+        for (const QRect& r : hidden)
+            for (int y = r.top(); c.isSecure && y <= r.bottom(); ++y)
+                for (int x = r.left(); x <= r.right(); ++x)
+                    ASSERT_NE(shown.pixel(x, y), frozen.pixel(x, y)) << x << ',' << y;
+    }
+}
 
-    QImage other = m_frame->image().copy();
-    QPainter(&other).fillRect(area().translated(regionPixels().topLeft()), Qt::darkGreen);
-    m_frame = std::make_shared<Frame>(m_frame->display(), other);
-    view().setFrozenDisplay(m_frame);
+TEST_P(SecureRedaction, KeepsItsLookWhenItIsUndoneAndDoneAgain)
+{
+    const QImage one = withAreas({{"mosic", kFrom, kTo}});
     draw("mosic", kFrom, kTo);
-    EXPECT_EQ(picture(), one);
-    AppSettings::setMosaicSecure(false);
+    view().newRandom = [] { return QRandomGenerator(6); };
     m_manager.undoDrawView();
-    draw("mosic", kFrom, kTo);
-    EXPECT_NE(picture(), one);
+    m_manager.goForwardDrawView();
+    EXPECT_EQ(picture(), one);
+    m_manager.undoDrawView();
+    EXPECT_NE(withAreas({{"mosic", kFrom, kTo}}), one);
 }
