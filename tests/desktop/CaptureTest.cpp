@@ -137,9 +137,8 @@ TEST_P(Capture, QualityDecidesBetweenDevicePixelsAndPoints)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << "scale " << c.scale << ", quality " << c.quality);
-        m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QLatin1String(c.scale));
         m_program.writeSettings({{QStringLiteral("userNeedImageQuality"), c.quality}});
-        ASSERT_TRUE(m_program.startResident());
+        ASSERT_TRUE(startResidentAt(c.scale));
         ASSERT_TRUE(openOverlay());
         const QImage picture = savedRegion(c.from, c.to);
         const QImage expected = averaged(m_before.copy(spannedBy(c.from, c.to)), c.averagedBy);

@@ -6,7 +6,6 @@
 namespace {
 
 const char* const kScales[] = {"1", "1.25", "1.5", "2"};
-constexpr QPoint kFreeGround(1200, 40); // no window of the scene
 
 // Choosing a region in all its ways; device pixels.
 class Choose : public EachDesktopTest {
@@ -15,17 +14,6 @@ protected:
     static std::array<const char*, 2> someScales()
     {
         return GetParam() ? std::array{"1.25", "2"} : std::array{"1", "1.5"};
-    }
-    bool startResidentAt(const char* scale)
-    {
-        m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QLatin1String(scale));
-        return m_program.startResident();
-    }
-    // With nothing highlighted.
-    testing::AssertionResult openOverlayOnFreeGround()
-    {
-        m_desktop.input().moveTo(kFreeGround);
-        return openOverlay();
     }
     void clickAt(QPoint point)
     {

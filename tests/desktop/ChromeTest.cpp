@@ -6,22 +6,10 @@
 namespace {
 
 constexpr QRgb kLine = qRgb(50, 166, 255);
-constexpr QPoint kFreeGround(1200, 40); // no window of the scene
 
 // What the user sees while choosing; device pixels.
 class Chrome : public ProgramTest {
 protected:
-    bool startResidentAt(const char* scale)
-    {
-        m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QLatin1String(scale));
-        return m_program.startResident();
-    }
-    // With nothing highlighted.
-    testing::AssertionResult openOverlayOnFreeGround()
-    {
-        m_desktop.input().moveTo(kFreeGround);
-        return openOverlay();
-    }
     QRgb shown(QPoint pixel) const { return m_desktop.server().pixels({pixel, QSize(1, 1)}).pixel(0, 0); }
     // The cross runs through the pixel's top left corner, over the whole display.
     bool isCrossed(QPoint pixel) const

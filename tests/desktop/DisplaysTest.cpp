@@ -24,14 +24,7 @@ protected:
     // The program with the pointer on the first display; another program's window has the keyboard.
     testing::AssertionResult startOn(const Arrangement& a)
     {
-        for (const char* name : {"SECOND", "FIRST"})
-            m_desktop.removeDisplay(QLatin1String(name));
-        m_program.setEnvironment(QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QLatin1String(a.scales));
-        m_desktop.input().moveTo(a.first.center());
-        const bool isStarted = m_desktop.setPrimaryDisplay(QStringLiteral("FIRST"), a.first) &&
-                               m_desktop.setDisplay(QStringLiteral("SECOND"), a.second) &&
-                               m_program.startResident();
-        return isStarted ? testing::AssertionSuccess() : testing::AssertionFailure() << "no displays";
+        return startOnDisplays(a.first, a.second, a.scales);
     }
     QImage savedFrom(QRect display)
     {
@@ -40,13 +33,6 @@ protected:
     QImage expectedFrom(QRect display) const
     {
         return m_before.copy(spannedBy(display.topLeft() + kInset, display.bottomRight() - kInset));
-    }
-    int overlays() const
-    {
-        const auto windows = m_desktop.server().visibleWindows();
-        return std::count_if(windows.begin(), windows.end(), [this](xcb_window_t window) {
-            return m_desktop.server().title(window) == QLatin1String("Lumora Capture");
-        });
     }
 
     static constexpr QPoint kInset{53, 41};
@@ -75,7 +61,7 @@ TEST_P(Displays, TheOverlayFollowsThePointerUntilTheRegionIsFixed)
                     QThread::msleep(8);
                 }
                 ASSERT_TRUE(m_program.waitForOverlay(m_before, display));
-                EXPECT_EQ(overlays(), 1);
+                EXPECT_EQ(m_desktop.server().windowsTitled("Lumora Capture").size(), 1);
             }
             EXPECT_EQ(recorder.take(), std::vector<KeyRecorder::Event>());
             EXPECT_TRUE(samePixels(savedFrom(display), expectedFrom(display)));

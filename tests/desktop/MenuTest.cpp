@@ -17,14 +17,12 @@ protected:
     {
     }
 
-    xcb_window_t window(const char* title) const
+    xcb_window_t menu() const
     {
-        for (const xcb_window_t window : m_desktop.server().visibleWindows())
-            if (m_desktop.server().title(window) == QLatin1String(title))
-                return window;
-        return XCB_NONE;
+        const auto menus = m_desktop.server().windowsTitled("Lumora Mac Screenshot");
+        return menus.empty() ? xcb_window_t(XCB_NONE) : menus.front();
     }
-    xcb_window_t menu() const { return window("Lumora Mac Screenshot"); }
+    bool hasTool() const { return !m_desktop.server().windowsTitled("Lumora Tool").empty(); }
     bool waitForMenu(int milliseconds = 5000) const
     {
         return waitUntil([this] { return menu() != XCB_NONE; }, milliseconds);
@@ -223,10 +221,10 @@ TEST_F(Menu, ToolsStartFromIt)
             m_desktop.input().chord({key});
         for (const Key key : way)
             m_desktop.input().chord({key});
-        EXPECT_TRUE(waitUntil([this] { return window("Lumora Tool") != XCB_NONE; }));
+        EXPECT_TRUE(waitUntil([this] { return hasTool(); }));
         EXPECT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 5);
         m_desktop.input().chord({Key::Escape});
-        EXPECT_TRUE(waitUntil([this] { return window("Lumora Tool") == XCB_NONE; }));
+        EXPECT_TRUE(waitUntil([this] { return !hasTool(); }));
         EXPECT_TRUE(samePixels(m_desktop.settledScreen(), m_before));
     }
 }

@@ -110,14 +110,6 @@ protected:
     {
         return !Program::allFiles(m_desktop.configFolder() + QStringLiteral("/autostart")).isEmpty();
     }
-    bool opensOverlay(std::initializer_list<Key> keys, int milliseconds)
-    {
-        m_desktop.input().chord(keys);
-        const bool isOpen = waitUntil([this] { return m_program.overlay() != XCB_NONE; }, milliseconds);
-        if (isOpen)
-            m_desktop.input().click(Button::Right);
-        return waitForRest() && isOpen;
-    }
 
     int height() const { return m_desktop.server().geometry(m_window).height(); }
     // Whether the window has room for one more line than it had, or no longer.

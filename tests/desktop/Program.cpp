@@ -111,11 +111,8 @@ void Program::killResident()
 
 xcb_window_t Program::overlay() const
 {
-    for (const xcb_window_t window : m_desktop.server().visibleWindows()) {
-        if (m_desktop.server().title(window) == QLatin1String("Lumora Capture"))
-            return window;
-    }
-    return XCB_NONE;
+    const std::vector<xcb_window_t> overlays = m_desktop.server().windowsTitled("Lumora Capture");
+    return overlays.empty() ? xcb_window_t(XCB_NONE) : overlays.front();
 }
 
 bool Program::waitForOverlay(const QImage& before, QRect pixels) const

@@ -28,6 +28,24 @@ void ProgramTest::TearDown()
     }
 }
 
+bool ProgramTest::startResidentAt(const char* scale)
+{
+    m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QLatin1String(scale));
+    return m_program.startResident();
+}
+
+testing::AssertionResult ProgramTest::startOnDisplays(QRect first, QRect second, const char* scales)
+{
+    for (const char* name : {"SECOND", "FIRST"})
+        m_desktop.removeDisplay(QLatin1String(name));
+    m_program.setEnvironment(QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QLatin1String(scales));
+    m_desktop.input().moveTo(first.center());
+    const bool isStarted = m_desktop.setPrimaryDisplay(QStringLiteral("FIRST"), first) &&
+                           m_desktop.setDisplay(QStringLiteral("SECOND"), second) &&
+                           m_program.startResident();
+    return isStarted ? testing::AssertionSuccess() : testing::AssertionFailure() << "not started";
+}
+
 testing::AssertionResult ProgramTest::openOverlay()
 {
     return openOverlay(QRect({}, m_desktop.server().size()));
@@ -41,6 +59,21 @@ testing::AssertionResult ProgramTest::openOverlay(QRect display)
         return testing::AssertionSuccess();
     return testing::AssertionFailure() << "no overlay; the log ends with "
                                        << qPrintable(m_program.logLines().mid(-3).join(QLatin1Char('|')));
+}
+
+testing::AssertionResult ProgramTest::openOverlayOnFreeGround()
+{
+    m_desktop.input().moveTo(kFreeGround);
+    return openOverlay();
+}
+
+bool ProgramTest::opensOverlay(std::initializer_list<Key> keys, int milliseconds)
+{
+    m_desktop.input().chord(keys);
+    const bool isOpen = waitUntil([this] { return m_program.overlay() != XCB_NONE; }, milliseconds);
+    if (isOpen)
+        m_desktop.input().click(Button::Right);
+    return waitForRest() && isOpen;
 }
 
 QImage ProgramTest::savedRegion(QPoint from, QPoint to)

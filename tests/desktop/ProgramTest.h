@@ -13,9 +13,18 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
+    // Starts the resident program at a scale factor.
+    bool startResidentAt(const char* scale);
+    // The same on two displays, FIRST and SECOND, with the pointer on the first one and scale factors such as
+    // "FIRST=1;SECOND=2".
+    testing::AssertionResult startOnDisplays(QRect first, QRect second, const char* scales);
     // Presses the region hot key and waits for the overlay on `display`, the whole screen by default.
     testing::AssertionResult openOverlay();
     testing::AssertionResult openOverlay(QRect display);
+    // The same with the pointer where no window of the scene is, so that nothing is highlighted.
+    testing::AssertionResult openOverlayOnFreeGround();
+    // Whether the keys open the overlay in time; it is then cancelled.
+    bool opensOverlay(std::initializer_list<Key> keys, int milliseconds);
     // Drags the region, saves it and gives the picture; null when none was saved.
     QImage savedRegion(QPoint from, QPoint to);
     // Presses the keys and gives the picture that a capture then leaves; null when there is none.
@@ -26,6 +35,7 @@ protected:
     QByteArray clipboard(const char* mimeType) const;
     int logCount(const char* message) const;
 
+    static constexpr QPoint kFreeGround{1200, 40};
     static constexpr QRect kWindow{700, 600, 300, 150}; // free ground for windows of the tests' own
 
     Desktop m_desktop;

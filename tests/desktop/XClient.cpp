@@ -95,6 +95,14 @@ QString XClient::title(xcb_window_t window) const
     return QString::fromUtf8(text.isEmpty() ? property(window, "WM_NAME") : text);
 }
 
+std::vector<xcb_window_t> XClient::windowsTitled(const char* title) const
+{
+    std::vector<xcb_window_t> windows = visibleWindows();
+    std::erase_if(
+        windows, [&](xcb_window_t window) { return this->title(window) != QString::fromUtf8(title); });
+    return windows;
+}
+
 QRect XClient::geometry(xcb_window_t window) const
 {
     const auto reply =

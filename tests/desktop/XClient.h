@@ -34,6 +34,8 @@ public:
     // Returns in the moment in which the window leaves the screen; false when it stays for 5 s.
     bool waitForHidden(xcb_window_t window) const;
     QString title(xcb_window_t window) const;
+    // The visible children of the root with that title.
+    std::vector<xcb_window_t> windowsTitled(const char* title) const;
     QRect geometry(xcb_window_t window) const;
     // The same with the border around it.
     QRect outline(xcb_window_t window) const;
