@@ -88,26 +88,6 @@ TEST_F(PointerToolsTest, ShowsHowFarThePointerIsFromTheLastPressInPoints)
     }
 }
 
-TEST_F(PointerToolsTest, PicksTheFramesPixelUnderThePointer)
-{
-    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
-        setScale(scale);
-        for (const QPoint p : {QPoint(0, 0), QPoint(799, 599), QPoint(123, 457), QPoint(400, 1)}) {
-            SCOPED_TRACE(testing::Message() << "scale " << scale << ", " << p.x() << ',' << p.y());
-            ASSERT_TRUE(start(kColor));
-            press(p.x(), p.y());
-            release(p.x(), p.y());
-            ASSERT_EQ(outcomes.size(), 1U);
-            EXPECT_EQ(outcomes[0].colour, FakeWindowServer::pixel(1, p.x(), p.y()));
-            EXPECT_FALSE(manager->tools().isRunning());
-            ASSERT_TRUE(manager->tools().colorWindow());
-            EXPECT_TRUE(manager->tools().colorWindow()->isVisible());
-            EXPECT_EQ(manager->tools().colorWindow()->colour(), outcomes[0].colour);
-            outcomes.clear();
-        }
-    }
-}
-
 TEST_F(PointerToolsTest, APickNeedsPressAndReleaseOnTheDisplay)
 {
     ASSERT_TRUE(start(kColor));

@@ -2,7 +2,6 @@
 
 #include "settings/SettingsKeys.h"
 #include "settings/ZRUserDefaultKit.h"
-#include "tests/fakes/FakeLoginItem.h"
 #include "tests/fakes/FakeWorkspace.h"
 #include "tests/settings/SettingsFolder.h"
 
@@ -236,17 +235,6 @@ TEST(ActiveApplicationMemory, IsRestoredOnceAndOnlyWhenThereIsOne)
     AppSettings::install(nullptr, nullptr);
     ASSERT_EQ(workspace.activated.size(), 1U);
     EXPECT_EQ(workspace.activated[0].window, 4U);
-}
-
-TEST(LaunchAtLogin, GoesThroughTheLoginItem)
-{
-    FakeLoginItem item;
-    AppSettings::install(nullptr, &item);
-    AppSettings::registerAppLaunchWhenComputerPowerOn();
-    EXPECT_TRUE(item.registered);
-    AppSettings::unregisterAppLaunchWhenComputerPowerOn();
-    EXPECT_FALSE(item.registered);
-    AppSettings::install(nullptr, nullptr);
 }
 
 TEST(PixelReader, ReadsTheNearestPixelFromTheTopAndNothingOutside)

@@ -1,6 +1,5 @@
 #include "platform/x11/NativeDisplays.h"
 
-#include "platform/x11/NativeWindowServer.h"
 #include "tests/platform/x11/XServer.h"
 
 #include <gtest/gtest.h>
@@ -58,25 +57,4 @@ TEST(NativeDisplays, AnnounceABurstOfChangesOnce)
     }
     letPass(400);
     EXPECT_EQ(changes, 2);
-}
-
-TEST(NativeDisplays, FindThePointerAndTheFrameFromTheFirstDisplay)
-{
-    const auto x = XConnection::ofApplication();
-    NativeDisplays displays(x);
-    NativeWindowServer windowServer(x, displays);
-    XClient client(mainDisplay());
-    client.openWindow({300, 100, 10, 10}, 0xff0000);
-    client.openWindow({290, 100, 10, 10}, 0x00ff00);
-    TwoMonitors monitors;
-    ASSERT_TRUE(waitFor([&] { return displays.all().size() == 2; }));
-    xcb_warp_pointer(client.get(), XCB_NONE, client.screen().root, 0, 0, 0, 0, 298, 99);
-    client.sync();
-    EXPECT_EQ(displays.pointer(), QPoint(-2, -1));
-    const std::vector<DisplayRecord> all = displays.all();
-    const auto first = windowServer.freeze(all[0], nullptr);
-    const auto second = windowServer.freeze(all[1], nullptr);
-    ASSERT_TRUE(first && second);
-    EXPECT_EQ(first->image().pixel(0, 0), qRgb(255, 0, 0));
-    EXPECT_EQ(second->image().pixel(299, 100), qRgb(0, 255, 0));
 }

@@ -39,17 +39,6 @@ protected:
 
 }
 
-TEST_F(NativeInputGrabTest, TakesTheKeyboardAndGivesItBack)
-{
-    EXPECT_TRUE(otherGetsKeys());
-    m_grab.grabKeyboard(m_overlay);
-    EXPECT_TRUE(m_grab.holdsKeyboard()); // at the first attempt
-    EXPECT_FALSE(otherGetsKeys());
-    m_grab.release();
-    EXPECT_FALSE(m_grab.holdsKeyboard());
-    EXPECT_TRUE(otherGetsKeys());
-}
-
 TEST_F(NativeInputGrabTest, WaitsForAnotherProgram)
 {
     ASSERT_TRUE(m_other.grabKeyboard());
@@ -59,35 +48,6 @@ TEST_F(NativeInputGrabTest, WaitsForAnotherProgram)
     m_other.ungrabKeyboard();
     EXPECT_TRUE(waitFor([this] { return m_grab.holdsKeyboard(); }, 200));
     EXPECT_TRUE(m_refusal.isEmpty());
-}
-
-TEST_F(NativeInputGrabTest, GivesUpAfterTwoSeconds)
-{
-    ASSERT_TRUE(m_other.grabKeyboard());
-    m_grab.grabKeyboard(m_overlay);
-    letPass(1700);
-    EXPECT_TRUE(m_refusal.isEmpty());
-    EXPECT_TRUE(waitFor([this] { return !m_refusal.isEmpty(); }, 600));
-    EXPECT_EQ(m_refusal, QStringLiteral("another program holds the keyboard"));
-    m_other.ungrabKeyboard();
-    letPass(100);
-    EXPECT_FALSE(m_grab.holdsKeyboard());
-}
-
-TEST_F(NativeInputGrabTest, KeepsTheKeyboardUntilTheEndingKeyIsUp)
-{
-    m_grab.grabKeyboard(m_overlay);
-    m_user.press(kEscapeKey);
-    letPass(20);
-    m_grab.releaseWithKey();
-    m_overlay.hide();
-    m_other.takePresses();
-    letPass(900); // the key repeats
-    EXPECT_TRUE(m_grab.holdsKeyboard());
-    EXPECT_EQ(m_other.takePresses(), 0);
-    m_user.release(kEscapeKey);
-    EXPECT_TRUE(waitFor([this] { return !m_grab.holdsKeyboard(); }, 100));
-    EXPECT_TRUE(otherGetsKeys());
 }
 
 TEST_F(NativeInputGrabTest, KeepsAKeyThatIsNeverReleasedForTwoSeconds)

@@ -9,11 +9,6 @@
 
 namespace {
 
-xcb_window_t activeWindow(const NativeWorkspace& workspace)
-{
-    return xcb_window_t(workspace.activeApplication().window);
-}
-
 // Puts a program of that name first in the path, which notes its arguments, one a line.
 class FakeTool {
 public:
@@ -41,41 +36,6 @@ private:
     const QByteArray m_path = qgetenv("PATH");
 };
 
-}
-
-TEST(NativeWorkspace, RestoresTheFocusWithoutAWindowManager)
-{
-    NativeWorkspace workspace(XConnection::ofApplication());
-    XClient client(mainDisplay());
-    const xcb_window_t first = client.openWindow({0, 0, 50, 50}, 0);
-    const xcb_window_t second = client.openWindow({60, 0, 50, 50}, 0);
-    for (xcb_window_t window : {first, xcb_window_t(XCB_INPUT_FOCUS_POINTER_ROOT)}) {
-        SCOPED_TRACE(window);
-        client.focus(window);
-        const ActiveApplication before = workspace.activeApplication();
-        EXPECT_TRUE(before.isKnown());
-        client.focus(second);
-        workspace.activate(before);
-        EXPECT_TRUE(waitFor([&] { return client.focused() == window; }));
-    }
-}
-
-TEST(NativeWorkspace, AsksTheWindowManager)
-{
-    NativeWorkspace workspace(XConnection::ofApplication());
-    WindowManager manager(mainDisplay());
-    XClient client(mainDisplay());
-    letPass(300);
-    const xcb_window_t first = client.openWindow({0, 0, 50, 50}, 0, true);
-    ASSERT_TRUE(waitFor([&] { return activeWindow(workspace) == first; }));
-    const ActiveApplication before = workspace.activeApplication();
-    const xcb_window_t second = client.openWindow({60, 0, 50, 50}, 0, true);
-    ASSERT_TRUE(waitFor([&] { return activeWindow(workspace) == second; }));
-    // Only the manager brings a minimised window back.
-    ASSERT_TRUE(runTool("xdotool", qPrintable(QStringLiteral("windowminimize %1").arg(first))));
-    workspace.activate(before);
-    EXPECT_TRUE(waitFor([&] { return activeWindow(workspace) == first; }));
-    EXPECT_TRUE(waitFor([&] { return client.focused() == first; }));
 }
 
 TEST(NativeWorkspace, LeavesTheFocusWhenTheApplicationIsGone)
