@@ -500,11 +500,9 @@ void ZRScreenShotViewController::tellOfSaved(const QString& path)
 
 void ZRScreenShotViewController::tellOfMissingEndpoint(const QString& path)
 {
-    QString kept = AppSettings::getXMLValueForKeywords(u"Lumora:Capture:PictureKept");
-    kept.replace(QLatin1String("[#FilePath#]"), path);
-    postLocalNotificationWithMessageTitle(
-        AppSettings::getXMLValueForKeywords(u"Lumora:Upload:EndpointMissing"), kept,
-        [this, path] { mManager->revealFile(path); });
+    tellOfSaved(path);
+    postLocalNotificationWithMessageTitle(ZRScreenshotUploadManager::titleOfUploads(),
+        AppSettings::getXMLValueForKeywords(u"Lumora:Upload:EndpointMissing"));
 }
 
 void ZRScreenShotViewController::tellOfCopied()

@@ -41,11 +41,6 @@ QString text(QStringView key)
     return AppSettings::getXMLValueForKeywords(key);
 }
 
-QString titleOfUploads()
-{
-    return text(u"Upload:Title").replace(QLatin1String("[#Website#]"), kService);
-}
-
 QString standardHistoryPath()
 {
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
@@ -83,7 +78,7 @@ std::unique_ptr<ZRCustomAlert> retryAlert(const QString& path)
 std::unique_ptr<ZRCustomAlert> leftOverAlert(const QString& path)
 {
     auto alert = std::make_unique<ZRCustomAlert>();
-    alert->title()->setText(titleOfUploads());
+    alert->title()->setText(ZRScreenshotUploadManager::titleOfUploads());
     alert->btnDefault()->setTitle(text(u"Button:Retry"));
     alert->btnCancel()->setTitle(text(u"Button:Cancel"));
     alert->btnOther()->setTitle(text(u"Lumora:Upload:Remove"));
@@ -317,6 +312,11 @@ void ZRScreenshotUploadManager::giveUp(const QString& path)
 {
     forget(path);
     removeTemporaryFile(path);
+}
+
+QString ZRScreenshotUploadManager::titleOfUploads()
+{
+    return text(u"Upload:Title").replace(QLatin1String("[#Website#]"), kService);
 }
 
 bool ZRScreenshotUploadManager::hasEndpoint()

@@ -33,6 +33,8 @@ public:
         const QString& password, unsigned shareType = 0);
     // cancelUplading: Kept: the spelling. The file stays, and is the user's from then on.
     void cancelUplading(const ZRScreenshotUploadingView& view);
+    // What notices and windows of uploads are called, in the current language.
+    static QString titleOfUploads();
     // Whether there is an address that pictures may be sent to.
     static bool hasEndpoint();
     // Asks for each picture that an earlier run of the program left what is to become of it; not before there

@@ -317,6 +317,7 @@ TEST_F(Upload, WithoutAnAddressSavesThePicture)
     EXPECT_TRUE(waitUntil([this] { return m_program.savedPictures().size() == 1; }));
     ASSERT_TRUE(waitForRest());
     EXPECT_TRUE(samePixels(QImage(m_program.savedPictures().first()), m_before.copy(spannedBy(kFrom, m_to))));
+    EXPECT_TRUE(Program::allFiles(in("data/pictures")).isEmpty());
 }
 
 TEST_F(HalfAnUpload, OfACrashIsOfferedAgain)
