@@ -112,6 +112,25 @@ TEST_F(ZRScreenshotUploadManagerTest, ShowsTheLinkAndRemovesTheTemporaryFile)
     EXPECT_TRUE(server.request().contains("\r\n\r\nsesame\r\n"));
 }
 
+TEST_F(ZRScreenshotUploadManagerTest, LetsTheNoticeGoOnlyWhenTheUploadHasEnded)
+{
+    for (const bool isLinkOpened : {false, true}) {
+        SCOPED_TRACE(isLinkOpened);
+        writePicture();
+        AppSettings::setIsOpenScreenshotLinkAfterUpload(isLinkOpened);
+        const ScriptedServer server(ScriptedServer::answer(201, kAnswer));
+        upload(server);
+        const auto* notice = dynamic_cast<ZRCustomLocalNotification*>(view()->parentWidget());
+        ASSERT_TRUE(notice);
+        EXPECT_FALSE(notice->isAutoHidden());
+        EXPECT_FALSE(notice->mouseDownExitWithFadeOutEnable());
+        waitFor([this] { return !isFileThere(); });
+        EXPECT_TRUE(notice->isAutoHidden());
+        EXPECT_TRUE(notice->mouseDownExitWithFadeOutEnable());
+        EXPECT_EQ(notice->autoHiddenDelayTime(), 4);
+    }
+}
+
 TEST_F(ZRScreenshotUploadManagerTest, OpensTheLinkOfTheShareTargetWhenTheUserWantsIt)
 {
     AppSettings::setIsOpenScreenshotLinkAfterUpload(true);
