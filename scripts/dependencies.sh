@@ -8,7 +8,7 @@ set -eu
 build="cmake ninja-build g++ pkg-config qt6-base-dev qt6-svg-dev libgl-dev
     libxcb1-dev libxcb-shm0-dev libxcb-randr0-dev libxcb-xinput-dev
     libplist-dev libdeflate-dev libjpeg62-turbo-dev libtiff-dev libgif-dev
-    libcpp-httplib-dev libssl-dev
+    libcpp-httplib-dev libssl-dev libcurl4-openssl-dev
     libgtest-dev libxcb-xtest0-dev"
 # A desktop where there is none: a server, a window manager, programs with windows, a hand on mouse and keys.
 desktop="xvfb openbox xterm x11-apps x11-utils x11-xserver-utils xdotool fonts-dejavu-core"

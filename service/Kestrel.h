@@ -1,9 +1,12 @@
 #pragma once
 
-#include "service/PasswordGuard.h"
-#include "service/PictureCheck.h"
-#include "service/PictureStore.h"
+#include "service/ExpirySweep.h"
+#include "service/Metrics.h"
+#include "service/PictureHandler.h"
+#include "service/PictureStorage.h"
+#include "service/RateLimiter.h"
 #include "service/ServiceOptions.h"
+#include "service/UploadHandler.h"
 
 #include <memory>
 #include <string>
@@ -11,20 +14,19 @@
 namespace httplib {
 class ContentReader;
 class Server;
-struct Request;
-struct Response;
 }
 
-// The image service: takes uploads, answers with their links, and shows, guards and deletes the pictures.
-// Requests come on the server's own threads. docs/service.md has the protocol.
+// The image service: what it keeps pictures in, the address it listens on, and who is let through to which
+// handler. Requests come on the server's own threads. docs/service.md has the protocol.
 class Kestrel {
 public:
+    // Nothing is opened.
     explicit Kestrel(ServiceOptions options);
     ~Kestrel();
     Kestrel(const Kestrel&) = delete;
     Kestrel& operator=(const Kestrel&) = delete;
 
-    // Opens the store and takes the address; empty, or the reason in words.
+    // Opens the storage and takes the address; empty, or the reason in words.
     std::string open();
     // Where uploads go, known once it is open.
     std::string uploadUrl() const { return m_base + m_options.uploadPath; }
@@ -33,33 +35,32 @@ public:
     bool isRunning() const;
     void stop();
 
+    // The two halves of open(): for whoever has a server of his own.
+    std::string openStorage();
+    void addRoutes(httplib::Server& server);
+
 private:
     using Request = httplib::Request;
     using Response = httplib::Response;
+    using Content = httplib::ContentReader;
 
     std::string openServer();
-    void addRoutes();
-    void describe(Response& response) const;
-    void upload(const Request& request, Response& response, const httplib::ContentReader& content);
-    void store(PictureDraft& draft, PictureInfo info, const std::string& password, Response& response);
-    void answerStored(const std::string& id, const std::string& title, const std::string& deleteToken,
-        Response& response) const;
-    void showPicture(const Request& request, Response& response);
-    void unlock(const Request& request, Response& response);
-    void sendPicture(const Request& request, Response& response);
-    void askToDelete(const Request& request, Response& response) const;
-    void deletePicture(const Request& request, Response& response) const;
-    // The picture that a request names; empty, and answered, when there is none.
-    std::optional<PictureInfo> named(const Request& request, Response& response) const;
-    bool mayDelete(const Request& request, Response& response) const;
-    bool isUnlocked(const Request& request, const PictureInfo& info) const;
-    std::string unlockMark(const std::string& id, const PictureInfo& info) const;
+    void setLimits(httplib::Server& server);
+    void addPictureRoutes(httplib::Server& server);
+    // Whether it goes on to a handler; else it has been answered.
+    bool isLetThrough(const Request& request, Response& response);
+    bool isWithinRate(const Request& request, Response& response);
+    void answerHealth(Response& response);
+    void answerMetrics(const Request& request, Response& response);
+    void count(const Response& response);
 
     const ServiceOptions m_options;
-    const std::string m_secret; // of this run; signs what remembers a right password
-    std::string m_base;         // links begin with it
-    PictureStore m_store;
-    PictureCheck m_check;
-    PasswordGuard m_guard;
+    std::string m_base; // links begin with it
+    Metrics m_metrics;
+    const std::unique_ptr<PictureStorage> m_storage;
+    RateLimiter m_limiter;
+    PictureHandler m_pictures;
+    std::unique_ptr<ExpirySweep> m_sweep; // both once the storage is open
+    std::unique_ptr<UploadHandler> m_uploads;
     std::unique_ptr<httplib::Server> m_server;
 };

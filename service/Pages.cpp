@@ -21,11 +21,16 @@ std::string preview(const std::string& title, const std::string& address)
            address + "/raw\">\n<meta name=\"twitter:card\" content=\"summary_large_image\">\n";
 }
 
+std::string day(std::int64_t seconds)
+{
+    const QDate date = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).date();
+    return QLocale::c().toString(date, QStringLiteral("d MMMM yyyy")).toStdString();
+}
+
 std::string facts(const PictureInfo& info)
 {
-    const QDate day = QDateTime::fromSecsSinceEpoch(info.uploaded, Qt::UTC).date();
     return std::to_string(info.width) + " × " + std::to_string(info.height) + " pixels, uploaded on " +
-           QLocale::c().toString(day, QStringLiteral("d MMMM yyyy")).toStdString();
+           day(info.uploaded) + (info.expires > 0 ? ", here until " + day(info.expires) : std::string());
 }
 
 }

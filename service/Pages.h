@@ -1,6 +1,6 @@
 #pragma once
 
-#include "service/PictureStore.h"
+#include "service/PictureInfo.h"
 
 #include <string>
 

@@ -1,22 +1,45 @@
 #include "service/PasswordGuard.h"
 
-bool PasswordGuard::mayTry(const std::string& id, Clock::time_point now)
+#include <algorithm>
+
+bool PasswordGuard::begin(const Names& names, Clock::time_point now)
 {
     const std::lock_guard lock(m_mutex);
-    forgetOld(now);
-    const auto found = m_tries.find(id);
-    return found == m_tries.end() || found->second.wrong < kTries;
+    if (std::any_of(names.begin(), names.end(), [&](const std::string& name) { return isHeld(name, now); }))
+        return false;
+    for (const std::string& name : names)
+        ++m_tries.of(name).underWay;
+    return true;
 }
 
-void PasswordGuard::noteWrong(const std::string& id, Clock::time_point now)
+void PasswordGuard::end(const Names& names, bool isRight, Clock::time_point now)
 {
     const std::lock_guard lock(m_mutex);
-    forgetOld(now);
-    Tries& tries = m_tries.try_emplace(id, Tries{0, now}).first->second;
-    ++tries.wrong;
+    for (const std::string& name : names) {
+        Tries& tries = m_tries.of(name);
+        --tries.underWay;
+        if (!isRight)
+            noteWrong(tries, now);
+    }
 }
 
-void PasswordGuard::forgetOld(Clock::time_point now)
+bool PasswordGuard::isHeld(const std::string& name, Clock::time_point now)
 {
-    std::erase_if(m_tries, [now](const auto& entry) { return now - entry.second.since >= kWindow; });
+    Tries& tries = m_tries.of(name);
+    if (now - tries.since >= kWindow) {
+        tries.wrong = 0;
+        tries.since = now;
+    }
+    if (now - tries.heldUntil >= kForgotten)
+        tries.holds = 0;
+    return now < tries.heldUntil || tries.wrong + tries.underWay >= m_wrongOnes;
+}
+
+void PasswordGuard::noteWrong(Tries& tries, Clock::time_point now) const
+{
+    if (++tries.wrong < m_wrongOnes)
+        return;
+    tries.heldUntil = now + kWindow * (1 << std::min(tries.holds, kMostDoublings));
+    ++tries.holds;
+    tries.wrong = 0;
 }

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <mutex>
 
 namespace {
 
@@ -31,9 +32,12 @@ QByteArray view(std::string_view text)
     return QByteArray::fromRawData(text.data(), qsizetype(text.size()));
 }
 
-// scrypt with 16 MiB, some 50 ms on the machines of its day.
+// scrypt with 16 MiB, some 50 ms on the machines of its day; one at a time, so that many at once need no more
+// memory.
 QByteArray slowHash(std::string_view password, const QByteArray& salt)
 {
+    static std::mutex oneAtATime;
+    const std::lock_guard lock(oneAtATime);
     constexpr std::uint64_t kRounds = 1 << 14, kBlockSize = 8, kLanes = 1, kMemory = 32 << 20;
     QByteArray hash(kHashLength, '\0');
     const int done = EVP_PBE_scrypt(password.data(), password.size(),

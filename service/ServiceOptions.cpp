@@ -1,10 +1,13 @@
 #include "service/ServiceOptions.h"
 
+#include "service/ClientAddress.h"
+
+#include <QUrl>
+
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <functional>
-
-#include <arpa/inet.h>
 
 namespace {
 
@@ -47,6 +50,38 @@ bool readPath(const std::string& text, ServiceOptions& options)
     return isPlain && text.size() > 1 && text.starts_with('/') && !text.starts_with("/p/");
 }
 
+bool isHere(const std::string& host)
+{
+    return host == "localhost" || ClientAddress::isLoopback(host);
+}
+
+// Plain HTTP is for a bucket on this machine.
+bool readEndpoint(const std::string& text, ServiceOptions& options)
+{
+    const QUrl url(QString::fromStdString(text), QUrl::StrictMode);
+    const QString rest = url.adjusted(QUrl::RemovePath).toString(QUrl::RemoveScheme | QUrl::RemoveAuthority);
+    const bool isPlain = url.isValid() && !url.host().isEmpty() && url.userInfo().isEmpty() &&
+                         rest.isEmpty() && (url.path().isEmpty() || url.path() == u"/");
+    options.bucket.endpoint = text.ends_with('/') ? text.substr(0, text.size() - 1) : text;
+    return isPlain &&
+           (url.scheme() == u"https" || (url.scheme() == u"http" && isHere(url.host().toStdString())));
+}
+
+auto nameInto(std::string BucketPlace::*member)
+{
+    return [member](const std::string& value, ServiceOptions& options) {
+        options.bucket.*member = value;
+        return !value.empty() && value.front() != '.' &&
+               value.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789.-") == std::string::npos;
+    };
+}
+
+bool readProxy(const std::string& text, ServiceOptions& options)
+{
+    options.trustedProxy = ClientAddress::normalized(text);
+    return !options.trustedProxy.empty();
+}
+
 struct Option {
     const char* name;
     const char* value; // as the usage has it
@@ -62,16 +97,17 @@ auto textInto(std::string ServiceOptions::*member)
     };
 }
 
-auto numberInto(std::int64_t ServiceOptions::*member, std::int64_t most)
+auto numberInto(std::int64_t ServiceOptions::*member, std::int64_t least, std::int64_t most)
 {
-    return [member, most](const std::string& value, ServiceOptions& options) {
-        return readNumber(value, 1, most, options.*member);
+    return [member, least, most](const std::string& value, ServiceOptions& options) {
+        return readNumber(value, least, most, options.*member);
     };
 }
 
 const std::vector<Option>& allOptions()
 {
     constexpr std::int64_t kMostBytes = std::int64_t(1) << 40, kMostPixels = std::int64_t(1) << 30;
+    constexpr std::int64_t kMostSeconds = 86400, kMostRequests = 1000000;
     static const std::vector<Option> options{
         {"--listen", "HOST:PORT", "where to listen; 127.0.0.1:8437", readAddress},
         {"--data", "FOLDER", "where the pictures are; kestrel-data", textInto(&ServiceOptions::dataFolder)},
@@ -80,9 +116,26 @@ const std::vector<Option>& allOptions()
         {"--key", "FILE", "PEM key of the certificate", textInto(&ServiceOptions::key)},
         {"--public-url", "URL", "what links begin with; the address listened on", readUrl},
         {"--upload-path", "PATH", "where uploads go; /upload", readPath},
-        {"--max-bytes", "N", "largest file; 67108864", numberInto(&ServiceOptions::maxBytes, kMostBytes)},
+        {"--max-bytes", "N", "largest file; 67108864", numberInto(&ServiceOptions::maxBytes, 1, kMostBytes)},
         {"--max-pixels", "N", "largest picture; 100000000",
-            numberInto(&ServiceOptions::maxPixels, kMostPixels)},
+            numberInto(&ServiceOptions::maxPixels, 1, kMostPixels)},
+        {"--expire", "DAYS", "how long pictures stay; for ever",
+            numberInto(&ServiceOptions::expireDays, 1, 36500)},
+        {"--upload-seconds", "N", "longest upload; 600",
+            numberInto(&ServiceOptions::uploadSeconds, 1, kMostSeconds)},
+        {"--stall-seconds", "N", "longest wait for the next byte; 20",
+            numberInto(&ServiceOptions::stallSeconds, 1, kMostSeconds)},
+        {"--threads", "N", "requests at once; 32", numberInto(&ServiceOptions::threads, 1, 1024)},
+        {"--requests-per-minute", "N", "of one address, 0 for no limit; 1200",
+            numberInto(&ServiceOptions::requestsPerMinute, 0, kMostRequests)},
+        {"--uploads-per-minute", "N", "of one address, 0 for no limit; 240",
+            numberInto(&ServiceOptions::uploadsPerMinute, 0, kMostRequests)},
+        {"--password-tries", "N", "wrong ones a minute, of a picture and an address; 10",
+            numberInto(&ServiceOptions::passwordTries, 1, kMostRequests)},
+        {"--trusted-proxy", "ADDRESS", "whose X-Forwarded-For is believed; nobody's", readProxy},
+        {"--s3-endpoint", "URL", "keeps the pictures in a bucket of this service", readEndpoint},
+        {"--s3-bucket", "NAME", "the bucket", nameInto(&BucketPlace::bucket)},
+        {"--s3-region", "NAME", "its region; us-east-1", nameInto(&BucketPlace::region)},
     };
     return options;
 }
@@ -102,21 +155,38 @@ std::string contradiction(const ServiceOptions& options)
         return "--certificate and --key belong together";
     if (!options.isTls() && !options.isLoopback())
         return "plain HTTP is for loopback only: give --certificate and --key";
+    if (options.bucket.endpoint.empty() != options.bucket.bucket.empty())
+        return "--s3-endpoint and --s3-bucket belong together";
+    if (options.isInBucket() && (options.bucket.accessKey.empty() || options.bucket.secretKey.empty()))
+        return "a bucket needs AWS_ACCESS_KEY_ID and AWS_SECRET_ACCESS_KEY in the environment";
     return {};
+}
+
+std::string fromEnvironment(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+void readEnvironment(ServiceOptions& options)
+{
+    options.bucket.accessKey = fromEnvironment("AWS_ACCESS_KEY_ID");
+    options.bucket.secretKey = fromEnvironment("AWS_SECRET_ACCESS_KEY");
+    options.bucket.sessionToken = fromEnvironment("AWS_SESSION_TOKEN");
+    options.metricsToken = fromEnvironment("KESTREL_METRICS_TOKEN");
 }
 
 }
 
 bool ServiceOptions::isLoopback() const
 {
-    in_addr address{};
-    const bool isIPv4 = inet_pton(AF_INET, host.c_str(), &address) == 1;
-    return host == "localhost" || host == "::1" || (isIPv4 && ntohl(address.s_addr) >> 24 == 127);
+    return isHere(host);
 }
 
 ParsedOptions parsedOptions(const std::vector<std::string>& arguments)
 {
     ParsedOptions parsed;
+    readEnvironment(parsed.options);
     for (size_t i = 0; i < arguments.size(); i += 2) {
         if (arguments[i] == "--help") {
             parsed.isHelp = true;
@@ -138,7 +208,7 @@ ParsedOptions parsedOptions(const std::vector<std::string>& arguments)
 
 std::string optionsUsage()
 {
-    constexpr size_t kMeaningColumn = 28;
+    constexpr size_t kMeaningColumn = 32;
     std::string usage = "usage: kestrel [options]\n";
     for (const Option& option : allOptions()) {
         std::string line = std::string("  ") + option.name + ' ' + option.value;

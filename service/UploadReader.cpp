@@ -1,29 +1,38 @@
 #include "service/UploadReader.h"
 
+#include "service/ServiceOptions.h"
+
 #include <QString>
 
 #include <httplib.h>
 
+#include <charconv>
+
 namespace {
 
-constexpr size_t kLongestText = 4096;              // bytes of the title and of the password
-constexpr qsizetype kShownTitle = 300;             // characters
-constexpr std::chrono::minutes kLongestUpload{10}; // for whoever sends a byte now and then
+constexpr size_t kLongestText = 4096;  // bytes of a text field
+constexpr qsizetype kShownTitle = 300; // characters
+
+constexpr std::int64_t kLatest = std::int64_t(100) * 366 * 24 * 60 * 60; // seconds; a hundred years
 
 std::string oneLine(const std::string& text)
 {
-    return QString::fromStdString(text).simplified().left(kShownTitle).toStdString();
+    QString line = QString::fromStdString(text).simplified();
+    line.removeIf([](QChar c) { return c.category() == QChar::Other_Control; });
+    return line.left(kShownTitle).toStdString();
 }
 
 }
 
-UploadReader::UploadReader(const PictureStore& store, std::int64_t maxBytes)
-    : m_store(store)
-    , m_maxBytes(maxBytes)
+UploadReader::UploadReader(const IncomingFolder& incoming, const ServiceOptions& options)
+    : m_incoming(incoming)
+    , m_maxBytes(options.maxBytes)
+    , m_longest(options.uploadSeconds)
+    , m_longestStall(options.stallSeconds)
 {
 }
 
-UploadFault UploadReader::read(const httplib::Request& request, const httplib::ContentReader& content)
+Fault UploadReader::read(const httplib::Request& request, const httplib::ContentReader& content)
 {
     if (!request.is_multipart_form_data())
         return {400, "an upload is a multipart/form-data form"};
@@ -32,7 +41,8 @@ UploadFault UploadReader::read(const httplib::Request& request, const httplib::C
             [this](const char* bytes, size_t count) { return takeBytes(bytes, count); });
     if (request.get_header_value<uint64_t>("Content-Length") > uint64_t(m_maxBytes + kFormBytes))
         refuse(413, "the file is too large");
-    const UploadFault fault = verdict(isComplete);
+    readExpire();
+    const Fault fault = verdict(isComplete);
     if (fault)
         m_form.draft.reset();
     m_form.title = oneLine(m_form.title);
@@ -42,7 +52,10 @@ UploadFault UploadReader::read(const httplib::Request& request, const httplib::C
 bool UploadReader::beginField(const httplib::MultipartFormData& field)
 {
     m_isInFile = field.name == "file";
-    m_text = field.name == "title" ? &m_form.title : field.name == "password" ? &m_form.password : nullptr;
+    m_text = field.name == "title"      ? &m_form.title
+             : field.name == "password" ? &m_form.password
+             : field.name == "expire"   ? &m_expire
+                                        : nullptr;
     return !m_isInFile || beginFile();
 }
 
@@ -50,7 +63,7 @@ bool UploadReader::beginFile()
 {
     if (m_form.draft)
         refuse(400, "an upload holds one file");
-    else if (!(m_form.draft = m_store.begin()))
+    else if (!(m_form.draft = m_incoming.begin()))
         refuse(507, "there is no room for the picture");
     return true;
 }
@@ -58,7 +71,8 @@ bool UploadReader::beginFile()
 bool UploadReader::takeBytes(const char* bytes, size_t count)
 {
     m_allBytes += std::int64_t(count);
-    if (std::chrono::steady_clock::now() - m_begin > kLongestUpload)
+    m_last = std::chrono::steady_clock::now();
+    if (m_last - m_begin > m_longest)
         refuse(408, "the upload took too long");
     else if (m_isInFile)
         takeFile(bytes, count);
@@ -69,8 +83,8 @@ bool UploadReader::takeBytes(const char* bytes, size_t count)
 
 void UploadReader::takeFile(const char* bytes, size_t count)
 {
-    m_fileBytes += std::int64_t(count);
-    if (m_fileBytes > m_maxBytes)
+    m_form.bytes += std::int64_t(count);
+    if (m_form.bytes > m_maxBytes)
         refuse(413, "the file is too large");
     else if (!m_fault)
         m_form.draft->write(bytes, count);
@@ -81,7 +95,7 @@ void UploadReader::takeText(const char* bytes, size_t count)
     if (!m_text)
         return;
     if (m_text->size() + count > kLongestText)
-        refuse(400, "the title or the password is too long");
+        refuse(400, "a field is too long");
     else
         m_text->append(bytes, count);
 }
@@ -92,10 +106,22 @@ void UploadReader::refuse(int status, const std::string& reason)
         m_fault = {status, reason};
 }
 
-UploadFault UploadReader::verdict(bool isComplete)
+void UploadReader::readExpire()
+{
+    const char* end = m_expire.data() + m_expire.size();
+    const auto [stop, error] = std::from_chars(m_expire.data(), end, m_form.expire);
+    const bool isGood =
+        error == std::errc() && stop == end && m_form.expire >= kSoonestExpiry && m_form.expire <= kLatest;
+    if (!m_expire.empty() && !isGood)
+        refuse(400, "expire is a whole number of seconds, " + std::to_string(kSoonestExpiry) + " or more");
+}
+
+Fault UploadReader::verdict(bool isComplete)
 {
     if (m_fault)
         return m_fault;
+    if (!isComplete && std::chrono::steady_clock::now() - m_last >= m_longestStall)
+        return {408, "the upload took too long"};
     if (!isComplete)
         return {400, "the upload is incomplete"};
     if (!m_form.draft)

@@ -2,12 +2,19 @@
 
 #include <gtest/gtest.h>
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QUrl>
 
+#include <httplib.h>
+
 #include <filesystem>
+#include <fstream>
+#include <future>
 
 namespace fs = std::filesystem;
 
@@ -22,10 +29,13 @@ protected:
         m_program.waitForFinished();
     }
 
-    void start()
+    void start(const QStringList& more = {})
     {
-        m_program.start(QStringLiteral(KESTREL), {QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0"),
-                                                     QStringLiteral("--data"), m_folder.path()});
+        m_program.setStandardErrorFile(QProcess::nullDevice());
+        m_program.start(
+            QStringLiteral(KESTREL), QStringList{QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0"),
+                                         QStringLiteral("--data"), m_folder.path()} +
+                                         more);
         ASSERT_TRUE(m_program.waitForReadyRead());
         m_address = QUrl(QString::fromUtf8(m_program.readLine().trimmed().split(' ').last()));
         ASSERT_TRUE(m_address.isValid());
@@ -49,6 +59,38 @@ protected:
         ASSERT_EQ(countIn("incoming"), 1u);
     }
 
+    httplib::Client client() const
+    {
+        httplib::Client client(m_address.host().toStdString(), m_address.port());
+        client.set_connection_timeout(60);
+        client.set_read_timeout(60);
+        return client;
+    }
+    // The link's path; empty when the service did not say that it has the picture.
+    std::string upload(const std::string& form) const
+    {
+        const auto answer = client().Post(
+            "/upload", form.size(),
+            [&form](size_t offset, size_t length, httplib::DataSink& sink) {
+                return sink.write(form.data() + offset, length);
+            },
+            "multipart/form-data; boundary=b");
+        if (!answer || answer->status != 201)
+            return {};
+        const auto json = QJsonDocument::fromJson(QByteArray::fromStdString(answer->body)).object();
+        return QUrl(json[QLatin1String("link")].toString()).path().toStdString();
+    }
+    // The most that the program ever had, in KiB.
+    long mostMemory() const
+    {
+        std::ifstream status("/proc/" + std::to_string(m_program.processId()) + "/status");
+        for (std::string line; std::getline(status, line);) {
+            if (line.starts_with("VmHWM:"))
+                return std::stol(line.substr(6));
+        }
+        return 0;
+    }
+
     QTemporaryDir m_folder;
     QProcess m_program;
     QUrl m_address;
@@ -56,6 +98,25 @@ protected:
 
 const QByteArray kHead = QByteArrayLiteral("--b\r\nContent-Disposition: form-data; name=\"file\"; "
                                            "filename=\"a\"\r\n\r\n");
+
+const QStringList kNoRates{QStringLiteral("--uploads-per-minute"), QStringLiteral("0"),
+    QStringLiteral("--requests-per-minute"), QStringLiteral("0")};
+
+std::string formWith(const std::string& picture)
+{
+    return kHead.toStdString() + picture + "\r\n--b--\r\n";
+}
+
+// A PNG of random pixels, which nothing packs.
+std::string noise(int side)
+{
+    QImage image(side, side, QImage::Format_RGB888);
+    for (int y = 0; y < side; ++y)
+        QRandomGenerator(quint32(y)).fillRange(reinterpret_cast<quint32*>(image.scanLine(y)), side * 3 / 4);
+    QBuffer file;
+    image.save(&file, "PNG");
+    return file.data().toStdString();
+}
 
 }
 
@@ -82,6 +143,18 @@ TEST_F(KestrelProgramTest, ForgetsASenderThatGoesAway)
     EXPECT_EQ(countIn("pictures") + countIn("incoming"), 0u);
 }
 
+TEST_F(KestrelProgramTest, SaysWhenAnotherHasItsAddress)
+{
+    start();
+    QProcess second;
+    second.start(
+        QStringLiteral(KESTREL), {QStringLiteral("--listen"), m_address.authority(), QStringLiteral("--data"),
+                                     m_folder.filePath(QStringLiteral("second"))});
+    ASSERT_TRUE(second.waitForFinished());
+    EXPECT_EQ(second.exitCode(), 1);
+    EXPECT_TRUE(second.readAllStandardError().contains("cannot be had"));
+}
+
 TEST_F(KestrelProgramTest, EndsWhenItIsAskedTo)
 {
     start();
@@ -89,4 +162,84 @@ TEST_F(KestrelProgramTest, EndsWhenItIsAskedTo)
     ASSERT_TRUE(m_program.waitForFinished());
     EXPECT_EQ(m_program.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(m_program.exitCode(), 0);
+}
+
+TEST_F(KestrelProgramTest, TakesTwoHundredMebibytesAtOnceInLittleMemory)
+{
+    start(kNoRates);
+    const std::string form = formWith(noise(592));
+    ASSERT_GT(form.size(), 1u << 20);
+    std::vector<std::future<std::string>> uploads;
+    for (int i = 0; i < 200; ++i)
+        uploads.push_back(std::async(std::launch::async, [&] { return upload(form); }));
+    for (auto& link : uploads)
+        EXPECT_NE(link.get(), "");
+    EXPECT_EQ(countIn("pictures"), 200u);
+    EXPECT_EQ(countIn("incoming"), 0u);
+#ifndef __SANITIZE_ADDRESS__ // which keeps what is freed
+    EXPECT_LT(mostMemory(), 300 * 1024);
+#endif
+    RecordProperty("KiB", int(mostMemory()));
+}
+
+TEST_F(KestrelProgramTest, HasEachPictureThatItAnsweredForWhenItIsKilledUnderLoad)
+{
+    start(kNoRates);
+    const std::string picture = noise(100), form = formWith(picture);
+    std::mutex mutex;
+    std::vector<std::string> links;
+    const auto sendUntilItIsGone = [&] {
+        for (std::string link = upload(form); !link.empty(); link = upload(form)) {
+            const std::lock_guard lock(mutex);
+            links.push_back(link);
+        }
+    };
+    std::vector<std::jthread> senders;
+    for (int i = 0; i < 8; ++i)
+        senders.emplace_back(sendUntilItIsGone);
+    for (size_t stored = 0; stored < 40; stored = countIn("pictures"))
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    m_program.kill();
+    ASSERT_TRUE(m_program.waitForFinished());
+    senders.clear();
+    start(kNoRates);
+    EXPECT_GE(links.size(), 30u);
+    EXPECT_EQ(countIn("incoming"), 0u);
+    for (const std::string& link : links) {
+        const auto answer = client().Get(link + "/raw");
+        EXPECT_TRUE(answer && answer->body == picture) << link;
+    }
+    for (const auto& entry : fs::directory_iterator(m_folder.path().toStdString() + "/pictures"))
+        EXPECT_EQ(fs::file_size(entry.path() / "picture"), picture.size()) << "half a picture";
+}
+
+TEST_F(KestrelProgramTest, WaitsForNoSenderLongerThanItIsTold)
+{
+    start({QStringLiteral("--upload-seconds"), QStringLiteral("2"), QStringLiteral("--stall-seconds"),
+        QStringLiteral("1")});
+    for (const bool isDribbling : {true, false}) {
+        SCOPED_TRACE(isDribbling);
+        QTcpSocket socket;
+        sendPart(socket, kHead, 1000000);
+        for (int i = 0; i < 50 && socket.bytesAvailable() == 0; ++i) {
+            if (isDribbling)
+                socket.write(QByteArray(100, 'x'));
+            socket.waitForReadyRead(100);
+        }
+        EXPECT_TRUE(socket.readAll().startsWith("HTTP/1.1 408 "));
+        EXPECT_EQ(countIn("incoming") + countIn("pictures"), 0u);
+    }
+}
+
+TEST_F(KestrelProgramTest, AnswersWhoAsksTooOften)
+{
+    start({QStringLiteral("--uploads-per-minute"), QStringLiteral("2"),
+        QStringLiteral("--requests-per-minute"), QStringLiteral("3")});
+    const std::string form = formWith(Samples::picture());
+    EXPECT_NE(upload(form), "");
+    EXPECT_NE(upload(form), "");
+    EXPECT_EQ(upload(form), "");
+    EXPECT_EQ(countIn("pictures"), 2u);
+    for (const int status : {200, 200, 200, 429})
+        EXPECT_EQ(client().Get("/kestrel.css")->status, status);
 }

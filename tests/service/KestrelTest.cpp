@@ -1,11 +1,11 @@
 #include "service/Kestrel.h"
 
-#include "service/PasswordGuard.h"
 #include "tests/commonutils/FileSizeLimit.h"
 #include "tests/service/Samples.h"
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
@@ -13,8 +13,10 @@
 
 #include <httplib.h>
 
+#include <ctime>
 #include <filesystem>
 #include <future>
+#include <map>
 #include <thread>
 
 namespace fs = std::filesystem;
@@ -46,6 +48,7 @@ protected:
         options.dataFolder = m_folder.filePath(QStringLiteral("data")).toStdString();
         options.maxBytes = 20000;
         options.maxPixels = 100000;
+        options.metricsToken = "token of a test";
         return options;
     }
     std::string base() const
@@ -143,12 +146,65 @@ TEST_F(KestrelTest, KeepsAPrivatePictureBehindItsPassword)
     EXPECT_EQ(m_client->Get(uploaded("", "sesame") + "/raw", known)->status, 403) << "opens another picture";
 }
 
-TEST_F(KestrelTest, TakesNoPasswordAfterTooManyWrongOnes)
+TEST_F(KestrelTest, LooksAtTenOfAThousandPasswords)
 {
-    const std::string path = uploaded("", "sesame");
-    for (int i = 0; i < PasswordGuard::kTries; ++i)
-        EXPECT_EQ(m_client->Post(path, httplib::Params{{"password", "guess"}})->status, 403);
-    EXPECT_EQ(m_client->Post(path, httplib::Params{{"password", "sesame"}})->status, 429);
+    const std::string path = uploaded("", "sesame"), other = uploaded("", "sesame");
+    std::map<int, int> answers;
+    for (int i = 0; i < 1000; ++i) {
+        const httplib::Headers forged{{"X-Forwarded-For", "192.0.2." + std::to_string(i % 256)}};
+        ++answers[m_client->Post(path, forged, httplib::Params{{"password", std::to_string(i)}})->status];
+    }
+    EXPECT_EQ(answers, (std::map<int, int>{{403, 10}, {429, 990}}));
+    for (const std::string& picture : {path, other}) {
+        const auto answer = m_client->Post(picture, httplib::Params{{"password", "sesame"}});
+        EXPECT_EQ(answer->status, 429);
+        EXPECT_TRUE(answer->has_header("Retry-After"));
+    }
+}
+
+TEST_F(KestrelTest, KeepsAPictureNoLongerThanItsSenderWants)
+{
+    const auto sent = [this](const char* expire) {
+        return m_client->Post("/upload", httplib::MultipartFormDataItems{{"expire", expire, "", ""},
+                                             {"file", Samples::picture(), "a", ""}});
+    };
+    for (const char* expire : {"899", "1h", "-900", "900x", "99999999999999999999"}) {
+        SCOPED_TRACE(expire);
+        EXPECT_EQ(sent(expire)->status, 400);
+    }
+    const QJsonObject answer = answered(sent("900"));
+    EXPECT_NEAR(answer[QLatin1String("expires")].toDouble(), double(std::time(nullptr)) + 900, 30);
+    const std::string page = path(answer[QLatin1String("link")].toString());
+    EXPECT_NE(m_client->Get(page)->body.find("here until"), std::string::npos);
+
+    QFile info(m_folder.filePath(QStringLiteral("data/pictures") + QString::fromStdString(page).mid(2)) +
+               QStringLiteral("/info.json"));
+    ASSERT_TRUE(info.open(QIODevice::ReadWrite));
+    QJsonObject past = QJsonDocument::fromJson(info.readAll()).object();
+    past[QLatin1String("expires")] = 1000;
+    info.resize(0);
+    info.write(QJsonDocument(past).toJson());
+    info.close();
+    EXPECT_EQ(m_client->Get(page)->status, 404);
+    EXPECT_EQ(m_client->Get(page + "/raw")->status, 404);
+}
+
+TEST_F(KestrelTest, TellsItsHealthToAllAndItsCountsToThisMachine)
+{
+    uploaded("Secret plan", "sesame");
+    EXPECT_EQ(m_client->Get("/health")->status, 200);
+    const auto metrics = m_client->Get("/metrics");
+    ASSERT_EQ(metrics->status, 200);
+    EXPECT_NE(metrics->body.find("\nkestrel_uploads_total{result=\"stored\"} 1\n"), std::string::npos);
+    EXPECT_EQ(metrics->body.find("Secret"), std::string::npos);
+    const httplib::Headers passedOn{{"X-Forwarded-For", "192.0.2.1"}};
+    EXPECT_EQ(m_client->Get("/metrics", passedOn)->status, 403);
+    httplib::Headers withToken = passedOn;
+    withToken.emplace("Authorization", "Bearer token of a test");
+    EXPECT_EQ(m_client->Get("/metrics", withToken)->status, 200);
+    fs::rename(m_folder.path().toStdString() + "/data/pictures", m_folder.path().toStdString() + "/gone");
+    EXPECT_EQ(m_client->Get("/health")->status, 503);
+    EXPECT_EQ(upload(Samples::picture())->status, 507);
 }
 
 TEST_F(KestrelTest, DeletesForTheSenderOnly)
@@ -232,6 +288,13 @@ TEST_F(KestrelTest, TakesManyUploadsAtOnce)
     for (auto& answer : uploads)
         EXPECT_EQ(answer.get(), 201);
     EXPECT_EQ(countIn("pictures"), 12u);
+}
+
+TEST_F(KestrelTest, KnowsNoOtherMethods)
+{
+    EXPECT_EQ(m_client->Put("/upload", "x", "text/plain")->status, 405);
+    EXPECT_EQ(m_client->Delete("/p/aaaaaaaaaaaaaaaaaaaaaa")->status, 405);
+    EXPECT_EQ(m_client->Post("/elsewhere", "x", "text/plain")->status, 404);
 }
 
 TEST_F(KestrelTest, KnowsNoOtherPaths)

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QByteArray>
+
 TEST(ServiceOptions, TakeWhatTheyCanUseAndNameWhatTheyCannot)
 {
     struct Case {
@@ -25,13 +27,29 @@ TEST(ServiceOptions, TakeWhatTheyCanUseAndNameWhatTheyCannot)
         {{"--upload-path", "/up/8sd-_f"}, ""},
         {{"--upload-path", "/up.*"}, "--upload-path cannot be /up.*"},
         {{"--upload-path", "/p/x"}, "--upload-path cannot be /p/x"},
+        {{"--expire", "0"}, "--expire cannot be 0"},
+        {{"--uploads-per-minute", "0"}, ""},
+        {{"--trusted-proxy", "proxy"}, "--trusted-proxy cannot be proxy"},
+        {{"--trusted-proxy", "::1"}, ""},
+        {{"--s3-endpoint", "https://s3.example.org", "--s3-bucket", "b"}, ""},
+        {{"--s3-endpoint", "http://127.0.0.1:9000/", "--s3-bucket", "b"}, ""},
+        {{"--s3-endpoint", "http://s3.example.org"}, "--s3-endpoint cannot be http://s3.example.org"},
+        {{"--s3-endpoint", "https://a:b@s3"}, "--s3-endpoint cannot be https://a:b@s3"},
+        {{"--s3-endpoint", "https://s3/x"}, "--s3-endpoint cannot be https://s3/x"},
+        {{"--s3-bucket", "../b"}, "--s3-bucket cannot be ../b"},
+        {{"--s3-bucket", "b"}, "--s3-endpoint and --s3-bucket belong together"},
         {{"--data"}, "--data needs a value"},
         {{"--dat", "x"}, "unknown option --dat"},
     };
+    qputenv("AWS_ACCESS_KEY_ID", "key");
+    qputenv("AWS_SECRET_ACCESS_KEY", "secret");
     for (const Case& c : cases) {
         SCOPED_TRACE(c.arguments.empty() ? "" : c.arguments.back());
         EXPECT_EQ(parsedOptions(c.arguments).reason, c.reason);
     }
+    qunsetenv("AWS_SECRET_ACCESS_KEY");
+    EXPECT_EQ(parsedOptions({"--s3-endpoint", "https://s3", "--s3-bucket", "b"}).reason,
+        "a bucket needs AWS_ACCESS_KEY_ID and AWS_SECRET_ACCESS_KEY in the environment");
 }
 
 TEST(ServiceOptions, AreReadIntoTheirPlaces)

@@ -1,0 +1,8 @@
+#include "service/Log.h"
+
+#include <iostream>
+
+void logLine(const std::string& line)
+{
+    std::cerr << line + '\n';
+}
