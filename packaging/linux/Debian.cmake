@@ -33,6 +33,7 @@ tool is ever in it. A ruler, a colour picker and a command line are included.")
 set(CPACK_DEBIAN_KESTREL_PACKAGE_NAME kestrel)
 set(CPACK_DEBIAN_KESTREL_PACKAGE_SOURCE lumora-screenshot)
 set(CPACK_DEBIAN_KESTREL_PACKAGE_SECTION non-free/web)
+set(CPACK_DEBIAN_KESTREL_PACKAGE_RECOMMENDS "ca-certificates") # for a bucket
 set(CPACK_COMPONENT_KESTREL_DESCRIPTION "image service for screenshots of a team
 Takes the pictures that the screenshot tool Lumora Mac Screenshot uploads and
 serves each under a link that nobody can guess, with a password if wanted.

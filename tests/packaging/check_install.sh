@@ -18,7 +18,7 @@ expected() {
         share/icons/hicolor/scalable/apps/com.Lumora.Screenshot.svg \
         share/icons/hicolor/symbolic/apps/com.Lumora.Screenshot-symbolic.svg \
         share/man/man1/lumora-screenshot.1.gz share/man/man8/kestrel.8.gz \
-        share/doc/{lumora-screenshot,kestrel}/{copyright,changelog.Debian.gz} \
+        lib/systemd/system/kestrel.service share/doc/{lumora-screenshot,kestrel}/{copyright,changelog.Debian.gz} \
         share/bash-completion/completions/{lumora-screenshot,kestrel} \
         share/zsh/FOLDER/{_lumora-screenshot,_kestrel} \
         share/fish/vendor_completions.d/{lumora-screenshot,kestrel}.fish
@@ -50,6 +50,11 @@ for page in "$share"/man/man?/*; do with man --warnings --local-file -Tutf8 "$pa
 for file in "$share"/bash-completion/completions/*; do with bash -n "$file"; done
 for file in "$share"/zsh/*/*; do with zsh -n "$file"; done
 for file in "$share"/fish/*/*; do with fish -n "$file"; done
+
+# The program is not where it will be. How far open the service is counts from 0 to 100, the fewer the better.
+sed "s,^ExecStart=,&$stage/usr/bin/," "$stage/usr/lib/systemd/system/kestrel.service" >"$stage/kestrel.service"
+with systemd-analyze verify --man=no --recursive-errors=no "$stage/kestrel.service"
+with systemd-analyze security --offline=yes --threshold=20 --no-pager "$stage/kestrel.service"
 
 [ -z "$skipped" ] || echo "not installed, not asked:$(tr ' ' '\n' <<<"$skipped" | sort -u | tr '\n' ' ')"
 exit "$failed"
