@@ -299,17 +299,17 @@ void AppDelegate::prepareCapture()
         mScreenShotManager.setCurrentScreen(*screen);
 }
 
-void AppDelegate::capture(bool isFullScreen)
+void AppDelegate::capture(const CaptureOrder& order)
 {
     if (mScreenShotManager.isCapturing())
         return;
     prepareCapture();
-    mScreenShotManager.startScreenShotIsFullScreen(isFullScreen);
+    mScreenShotManager.startScreenShotWithOrder(order);
 }
 
-void AppDelegate::startCapture(bool isFullScreen)
+void AppDelegate::startCapture(const CaptureOrder& order)
 {
-    startWithoutMenu([this, isFullScreen] { capture(isFullScreen); });
+    startWithoutMenu([this, order] { capture(order); });
 }
 
 void AppDelegate::startTool(ScreenShotTool tool)
@@ -317,13 +317,13 @@ void AppDelegate::startTool(ScreenShotTool tool)
     startWithoutMenu([this, tool] { useTool(tool); });
 }
 
-void AppDelegate::reopenLastCapture()
+void AppDelegate::reopenLastCapture(const CaptureTarget& target)
 {
     if (mScreenShotManager.isCapturing())
         return;
     mScreenShotStatusbar.closeMenu();
     mScreenShotManager.initialize();
-    mScreenShotManager.reopenScreenShot();
+    mScreenShotManager.reopenScreenShot(target);
 }
 
 void AppDelegate::startWithoutMenu(std::function<void()> start)
@@ -355,12 +355,12 @@ void AppDelegate::onceMenuIsGone(std::function<void()> start)
 
 void AppDelegate::regionScreenShotFromSystembar()
 {
-    onceMenuIsGone([this] { capture(false); });
+    onceMenuIsGone([this] { capture({}); });
 }
 
 void AppDelegate::fullScreenShotFromSystembar()
 {
-    onceMenuIsGone([this] { capture(true); });
+    onceMenuIsGone([this] { capture({.isFullScreen = true}); });
 }
 
 void AppDelegate::actionForStatusbbarDistance()

@@ -41,10 +41,11 @@ public:
     // Called with the hot-key string that fired.
     void hotKeyDown(const QString& hotKey);
     // A capture, at once where no menu of ours shows; nothing happens while another one runs.
-    void startCapture(bool isFullScreen);
+    void startCapture(const CaptureOrder& order);
     void startTool(ScreenShotTool tool);
     // Opens the last capture again; nothing happens while another one runs.
-    void reopenLastCapture() override;
+    void reopenLastCapture() override { reopenLastCapture({}); }
+    void reopenLastCapture(const CaptureTarget& target);
     // The status menu, at the pointer; false while a capture or a tool runs or a modal window shows.
     bool openMenu();
     void showAbout() override;
@@ -53,6 +54,7 @@ public:
     void changeText();
 
     ZRScreenShotManager& screenShotManager() { return mScreenShotManager; }
+    const WindowServer& windowServer() const { return *m_platform.windowServer; }
 
 private:
     struct Step {
@@ -102,7 +104,7 @@ private:
     void onceMenuIsGone(std::function<void()> start);
     void prepareCapture();
     void endTyping();
-    void capture(bool isFullScreen);
+    void capture(const CaptureOrder& order);
     void useTool(ScreenShotTool tool);
 
     Platform& m_platform;

@@ -1,13 +1,15 @@
 #pragma once
 
-#include <QString>
+#include "app/VerbRequest.h"
+
 #include <QStringList>
 
 // What the program was called with.
 struct CommandLine {
     enum class Kind { Start, Verb, Help, Version, Wrong };
     Kind kind = Kind::Start;
-    QString verb; // set for Kind::Verb
+    VerbRequest request{}; // for Kind::Verb; its output as it was given
+    QString problem{};     // one line in words, for Kind::Wrong
 
     // `arguments` without the program's own name.
     static CommandLine parsed(const QStringList& arguments);
@@ -22,4 +24,6 @@ constexpr int kWrongUsage = 2;
 constexpr int kNothingRuns = 3;
 constexpr int kCancelled = 4;
 constexpr int kBusy = 5;
+constexpr int kUnwritable = 6;
+constexpr int kNothingThere = 7;
 }

@@ -36,10 +36,15 @@ DnHotkeyManager::~DnHotkeyManager()
 
 quint32 DnHotkeyManager::bind(const QString& hotKey, Action action)
 {
-    const quint32 id = keep(hotKey, std::move(action), &m_hotKeys);
+    const quint32 id = bindQuietly(hotKey, std::move(action));
     if (!m_bound.at(id)->refusal().isEmpty())
         tellOfRefusal(*m_bound.at(id));
     return id;
+}
+
+quint32 DnHotkeyManager::bindQuietly(const QString& hotKey, Action action)
+{
+    return keep(hotKey, std::move(action), &m_hotKeys);
 }
 
 quint32 DnHotkeyManager::bindForRecord(const QString& hotKey, Action action)

@@ -18,6 +18,8 @@ public:
     ~DnHotkeyManager();
 
     quint32 bind(const QString& hotKey, Action action);
+    // Like bind(), telling nobody of a refusal.
+    quint32 bindQuietly(const QString& hotKey, Action action);
     // Like bind(), without a grab: for a key that the overlay gets by itself.
     quint32 bindForRecord(const QString& hotKey, Action action);
     // An id that is not bound does nothing.

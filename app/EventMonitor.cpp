@@ -122,6 +122,12 @@ void EventMonitor::registerHotKeyMonitorWithKeyName(const QString& hotKey, const
     s.namedIds[hotKey] = s.manager ? s.manager->bindForRecord(hotKey, action) : 0;
 }
 
+void EventMonitor::bindWhileItCan(const QString& hotKey, const Action& action)
+{
+    State& s = state();
+    s.namedIds[hotKey] = s.manager ? s.manager->bindQuietly(hotKey, action) : 0;
+}
+
 void EventMonitor::unregisterHotKeyMonitorWithKeyName(const QString& hotKey)
 {
     State& s = state();

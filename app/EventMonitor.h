@@ -22,6 +22,8 @@ public:
     // While they rest nothing is bound; the hot keys of the settings come back with the last action.
     static void setResting(bool isResting);
     static void registerHotKeyMonitorWithKeyName(const QString& hotKey, const Action& action);
+    // A named key that the desktop gives us wherever it is pressed; without a word where it refuses it.
+    static void bindWhileItCan(const QString& hotKey, const Action& action);
     static void unregisterHotKeyMonitorWithKeyName(const QString& hotKey);
 
     // From here on each action of the mouse is posted as "eventMonitorCallBackRegister" with the numbers

@@ -5,13 +5,14 @@
 
 namespace {
 
-constexpr qint64 kLongestVerb = 256; // bytes; what is longer is no verb of ours
+constexpr qint64 kLongestRequest = 65536; // bytes; what is longer is no request of ours
 
 void send(const QPointer<QLocalSocket>& socket, const Reply& reply)
 {
     if (!socket)
         return;
     socket->write(ResidentLink::encoded(reply));
+    socket->write(reply.raw);
     socket->flush();
     socket->disconnectFromServer();
 }
@@ -37,11 +38,12 @@ void ResidentServer::accept()
 void ResidentServer::read(QLocalSocket& socket)
 {
     if (!socket.canReadLine()) {
-        if (socket.bytesAvailable() > kLongestVerb)
+        if (socket.bytesAvailable() > kLongestRequest)
             socket.abort();
         return;
     }
-    const QString verb = QString::fromUtf8(socket.readLine(kLongestVerb)).trimmed();
-    if (onVerb)
-        onVerb(verb, [socket = QPointer<QLocalSocket>(&socket)](const Reply& reply) { send(socket, reply); });
+    const auto request = ResidentLink::decodedRequest(socket.readLine(kLongestRequest));
+    if (onRequest)
+        onRequest(request.value_or(VerbRequest{}),
+            [socket = QPointer<QLocalSocket>(&socket)](const Reply& reply) { send(socket, reply); });
 }

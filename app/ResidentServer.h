@@ -14,8 +14,9 @@ class ResidentServer : public QObject {
 public:
     using Answer = std::function<void(const Reply&)>;
 
-    // Calls onVerb with each verb and a function to answer it with, once, now or later.
-    std::function<void(const QString& verb, const Answer& answer)> onVerb;
+    // Called with each request and a function to answer it with, once, now or later. One that cannot be read
+    // has an empty verb.
+    std::function<void(const VerbRequest& request, const Answer& answer)> onRequest;
 
     // The reason when the socket cannot be made; empty when it listens.
     QString listen();

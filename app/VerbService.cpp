@@ -1,30 +1,20 @@
 #include "app/VerbService.h"
 
+#include "app/CaptureVerbs.h"
 #include "app/CommandLine.h"
 #include "app/EventMonitor.h"
 #include "capture/ColourRules.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
 
-Reply replyTo(const CaptureOutcome& outcome)
+bool isCapture(const QString& verb)
 {
-    switch (outcome.kind) {
-    case CaptureOutcome::Kind::Saved:
-        return {ExitCode::kDone, outcome.path + QLatin1Char('\n'), {}};
-    case CaptureOutcome::Kind::Copied:
-        return {ExitCode::kDone, {}, QStringLiteral("the picture is on the clipboard\n")};
-    case CaptureOutcome::Kind::Pinned:
-        return {ExitCode::kDone, {}, QStringLiteral("the picture is pinned to the screen\n")};
-    case CaptureOutcome::Kind::Uploading:
-        return {ExitCode::kDone, {}, QStringLiteral("the picture is being uploaded\n")};
-    case CaptureOutcome::Kind::Cancelled:
-        return {ExitCode::kCancelled, {}, QStringLiteral("the capture was cancelled\n")};
-    case CaptureOutcome::Kind::Failed:
-        break;
-    }
-    return {ExitCode::kFailed, {}, QStringLiteral("the capture failed: %1\n").arg(outcome.reason)};
+    constexpr std::array kVerbs{"region", "full", "window", "reopen"};
+    return std::ranges::any_of(kVerbs, [&](const char* each) { return verb == QLatin1String(each); });
 }
 
 Reply replyTo(const ToolOutcome& outcome, bool isPick)
@@ -43,13 +33,17 @@ Reply replyToBusy()
     return {ExitCode::kBusy, {}, QStringLiteral("another capture is under way\n")};
 }
 
+QString refusals()
+{
+    QString lines;
+    for (const QString& line : EventMonitor::refusals())
+        lines += line + QLatin1Char('\n');
+    return lines;
+}
+
 Reply replyToStart()
 {
-    QString text = QStringLiteral("Lumora Mac Screenshot runs already\n");
-    const QStringList refusals = EventMonitor::refusals();
-    for (const QString& line : refusals)
-        text += line + QLatin1Char('\n');
-    return {ExitCode::kDone, {}, text};
+    return {ExitCode::kDone, {}, QStringLiteral("Lumora Mac Screenshot runs already\n") + refusals()};
 }
 
 }
@@ -57,37 +51,47 @@ Reply replyToStart()
 VerbService::VerbService(AppDelegate& delegate)
     : m_delegate(delegate)
 {
+    ZRScreenShotManager& manager = m_delegate.screenShotManager();
     m_delegate.onBegun = [this] { carryOutWaiting(); };
-    m_delegate.screenShotManager().onFinished = [this](quint64 number, const CaptureOutcome& outcome) {
+    manager.onFinished = [this](quint64 number, const CaptureOutcome& outcome) {
         captureFinished(number, outcome);
     };
-    m_delegate.screenShotManager().tools().onEnded = [this](const ToolOutcome& outcome) {
+    manager.onPreempt = [this] { m_countdown.cancel(); };
+    m_countdown.onGone = [&manager] { manager.tools().windowHasGone(); };
+    manager.tools().onEnded = [this](const ToolOutcome& outcome) {
         if (const auto waiting = std::exchange(m_tool, nullptr))
             waiting(outcome);
     };
 }
 
-void VerbService::handle(const QString& verb, const ResidentServer::Answer& answer)
+void VerbService::handle(const VerbRequest& request, const ResidentServer::Answer& answer)
 {
-    if (!m_delegate.hasBegun()) {
-        m_waiting.emplace_back(verb, answer);
+    if (request.verb == ResidentLink::healthVerb()) {
+        answer({ExitCode::kDone, refusals()});
+    } else if (!m_delegate.hasBegun()) {
+        m_waiting.push_back({request, answer});
         m_delegate.endGreeting();
-    } else if (verb == ResidentLink::startVerb()) {
+    } else {
+        carryOut({request, answer});
+    }
+}
+
+void VerbService::carryOut(const Waiting& verb)
+{
+    const auto& [request, answer] = verb;
+    if (request.verb == ResidentLink::startVerb()) {
         m_delegate.openMenu();
         answer(replyToStart());
-    } else if (verb == QLatin1String("menu")) {
+    } else if (request.verb == QLatin1String("menu")) {
         answer(m_delegate.openMenu() ? Reply{} : replyToBusy());
-    } else if (verb == QLatin1String("region") || verb == QLatin1String("full")) {
-        const bool isFullScreen = verb == QLatin1String("full");
-        capture([this, isFullScreen] { m_delegate.startCapture(isFullScreen); }, answer);
-    } else if (verb == QLatin1String("reopen")) {
-        capture([this] { m_delegate.reopenLastCapture(); }, answer);
-    } else if (verb == QLatin1String("measure") || verb == QLatin1String("pick")) {
-        useTool(verb == QLatin1String("pick"), answer);
-    } else if (verb == QLatin1String("cancel")) {
+    } else if (isCapture(request.verb)) {
+        capture(verb);
+    } else if (request.verb == QLatin1String("measure") || request.verb == QLatin1String("pick")) {
+        useTool(request.verb == QLatin1String("pick"), answer);
+    } else if (request.verb == QLatin1String("cancel")) {
         m_delegate.screenShotManager()._cancelScreenshot();
         answer({});
-    } else if (verb == QLatin1String("quit")) {
+    } else if (request.verb == QLatin1String("quit")) {
         answer({});
         m_delegate.terminate();
     } else {
@@ -95,24 +99,48 @@ void VerbService::handle(const QString& verb, const ResidentServer::Answer& answ
     }
 }
 
-void VerbService::capture(const std::function<void()>& start, const ResidentServer::Answer& answer)
+bool VerbService::isBusy() const
 {
-    ZRScreenShotManager& manager = m_delegate.screenShotManager();
-    if (manager.isCapturing()) {
-        answer(replyToBusy());
-        return;
-    }
-    m_captures[manager.captureNumber() + 1] = answer;
-    start();
+    return m_delegate.screenShotManager().isCapturing() || m_countdown.isRunning();
+}
+
+void VerbService::capture(const Waiting& verb)
+{
+    if (isBusy())
+        return verb.answer(replyToBusy());
+    const auto ordered = CaptureVerbs::ordered(verb.request, m_delegate.windowServer());
+    if (const Reply* refusal = std::get_if<Reply>(&ordered))
+        return verb.answer(*refusal);
+    const auto& order = std::get<CaptureOrder>(ordered);
+    if (verb.request.delay > 0)
+        captureAfterCountdown(verb, order);
+    else
+        begin(verb, order);
+}
+
+void VerbService::captureAfterCountdown(const Waiting& verb, const CaptureOrder& order)
+{
+    m_delegate.screenShotManager().tools().cancel();
+    m_countdown.start(
+        verb.request.delay, CaptureVerbs::displayOf(verb.request),
+        [this, verb, order] { begin(verb, order); },
+        [verb] { verb.answer(CaptureVerbs::replyTo(verb.request, {})); });
+}
+
+void VerbService::begin(const Waiting& verb, const CaptureOrder& order)
+{
+    m_captures[m_delegate.screenShotManager().captureNumber() + 1] = verb;
+    if (verb.request.verb == QLatin1String("reopen"))
+        m_delegate.reopenLastCapture(order.target);
+    else
+        m_delegate.startCapture(order);
 }
 
 void VerbService::useTool(bool isPick, const ResidentServer::Answer& answer)
 {
+    if (isBusy())
+        return answer(replyToBusy());
     ZRScreenShotManager& manager = m_delegate.screenShotManager();
-    if (manager.isCapturing()) {
-        answer(replyToBusy());
-        return;
-    }
     manager.tools().cancel(); // answers whoever waits for it
     m_tool = [isPick, answer](const ToolOutcome& outcome) { answer(replyTo(outcome, isPick)); };
     m_delegate.startTool(isPick ? ScreenShotTool::Color : ScreenShotTool::Distance);
@@ -120,13 +148,12 @@ void VerbService::useTool(bool isPick, const ResidentServer::Answer& answer)
 
 void VerbService::carryOutWaiting()
 {
-    for (const auto& [verb, answer] : std::exchange(m_waiting, {}))
-        handle(verb, answer);
+    for (const Waiting& verb : std::exchange(m_waiting, {}))
+        carryOut(verb);
 }
 
 void VerbService::captureFinished(quint64 capture, const CaptureOutcome& outcome)
 {
-    const auto waiting = m_captures.extract(capture);
-    if (waiting)
-        waiting.mapped()(replyTo(outcome));
+    if (const auto found = m_captures.extract(capture))
+        found.mapped().answer(CaptureVerbs::replyTo(found.mapped().request, outcome));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "app/Countdown.h"
 #include "app/ResidentServer.h"
 
 #include <map>
@@ -14,16 +15,26 @@ public:
     // Borrows the delegate, which must outlive the service, and listens to its captures.
     explicit VerbService(AppDelegate& delegate);
 
-    void handle(const QString& verb, const ResidentServer::Answer& answer);
+    void handle(const VerbRequest& request, const ResidentServer::Answer& answer);
 
 private:
-    void capture(const std::function<void()>& start, const ResidentServer::Answer& answer);
+    struct Waiting {
+        VerbRequest request;
+        ResidentServer::Answer answer;
+    };
+    void carryOut(const Waiting& verb);
+    void capture(const Waiting& verb);
+    void captureAfterCountdown(const Waiting& verb, const CaptureOrder& order);
+    void begin(const Waiting& verb, const CaptureOrder& order);
     void useTool(bool isPick, const ResidentServer::Answer& answer);
+    // While a capture runs or is counted down to.
+    bool isBusy() const;
     void carryOutWaiting();
     void captureFinished(quint64 capture, const CaptureOutcome& outcome);
 
     AppDelegate& m_delegate;
-    std::map<quint64, ResidentServer::Answer> m_captures; // by the capture's number
-    std::function<void(const ToolOutcome&)> m_tool;       // who waits for the running tool; empty for nobody
-    std::vector<std::pair<QString, ResidentServer::Answer>> m_waiting;
+    Countdown m_countdown;
+    std::map<quint64, Waiting> m_captures;          // by the capture's number
+    std::function<void(const ToolOutcome&)> m_tool; // who waits for the running tool; empty for nobody
+    std::vector<Waiting> m_waiting;
 };

@@ -4,6 +4,7 @@
 #include "app/ResidentClient.h"
 #include "app/ResidentLink.h"
 #include "app/ResidentServer.h"
+#include "app/StandardStreams.h"
 #include "app/TerminationSignals.h"
 #include "app/VerbService.h"
 #include "commonutils/CommLog.h"
@@ -24,10 +25,10 @@ int failed(const QString& message)
     return ExitCode::kFailed;
 }
 
-int runClient(int& argc, char** argv, const QString& verb)
+int runClient(int& argc, char** argv, const VerbRequest& request)
 {
     const QCoreApplication application(argc, argv);
-    return ResidentClient::run(verb);
+    return ResidentClient::run(request);
 }
 
 int runResident(int& argc, char** argv)
@@ -47,8 +48,8 @@ int runResident(int& argc, char** argv)
     AppDelegate delegate(platform);
     VerbService verbs(delegate);
     ResidentServer server;
-    server.onVerb = [&verbs](const QString& verb, const ResidentServer::Answer& answer) {
-        verbs.handle(verb, answer);
+    server.onRequest = [&verbs](const VerbRequest& request, const ResidentServer::Answer& answer) {
+        verbs.handle(request, answer);
     };
     if (const QString reason = server.listen(); !reason.isEmpty())
         CommLog::log(QStringLiteral("verbs from the command line will not be heard: %1").arg(reason));
@@ -64,11 +65,11 @@ int runInSession(int& argc, char** argv, const CommandLine& line)
     if (const QString problem = desktopProblem(); !problem.isEmpty())
         return failed(problem);
     if (line.kind == CommandLine::Kind::Verb)
-        return runClient(argc, argv, line.verb);
+        return runClient(argc, argv, line.request);
     QLockFile lock(ResidentLink::lockPath());
     lock.setStaleLockTime(0); // stale only when its process is gone
     if (!lock.tryLock(0) && lock.error() == QLockFile::LockFailedError)
-        return runClient(argc, argv, ResidentLink::startVerb());
+        return runClient(argc, argv, {.verb = ResidentLink::startVerb()});
     return runResident(argc, argv);
 }
 
@@ -84,6 +85,7 @@ QStringList argumentsOf(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    StandardStreams::secure();
     const CommandLine line = CommandLine::parsed(argumentsOf(argc, argv));
     switch (line.kind) {
     case CommandLine::Kind::Help:
@@ -93,7 +95,8 @@ int main(int argc, char** argv)
         std::puts("lumora-screenshot " LUMORA_VERSION);
         return ExitCode::kDone;
     case CommandLine::Kind::Wrong:
-        std::fputs(qPrintable(CommandLine::usage()), stderr);
+        std::fprintf(stderr, "lumora-screenshot: %s\nusage: lumora-screenshot --help tells it\n",
+            qPrintable(line.problem));
         return ExitCode::kWrongUsage;
     case CommandLine::Kind::Start:
     case CommandLine::Kind::Verb:

@@ -26,6 +26,16 @@ void PictureJobs::save(Picture picture, const QString& path, const QString& imag
     });
 }
 
+void PictureJobs::encode(Picture picture, std::function<void(const QByteArray& png)> done)
+{
+    m_pool.start([this, picture = std::move(picture), done = std::move(done)]() mutable {
+        const QByteArray png = ImageWriter::encode(picture.image, QStringLiteral(".png"));
+        picture = {};
+        QMetaObject::invokeMethod(
+            this, [done = std::move(done), png] { done(png); }, Qt::QueuedConnection);
+    });
+}
+
 void PictureJobs::copy(Picture picture, Done done)
 {
     auto encoding = std::make_shared<std::promise<EncodedPicture>>();

@@ -27,6 +27,8 @@ public:
     ~PictureJobs() override;
 
     void save(Picture picture, const QString& path, const QString& imageType, Done done);
+    // Hands the bytes of a PNG on; none when memory is short.
+    void encode(Picture picture, std::function<void(const QByteArray& png)> done);
     // The clipboard is ours at once; who asks for the picture before it is encoded waits for it.
     void copy(Picture picture, Done done);
 

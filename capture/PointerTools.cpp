@@ -139,17 +139,22 @@ void PointerTools::end(const ToolOutcome& outcome, bool isByKey)
     else
         m_platform.inputGrab->release();
     if (m_distanceWindow)
-        m_uncovered.setRemainingTime(kUncoverMs);
+        windowHasGone();
     ScreenCoverWindow::discard(std::move(m_distanceWindow));
     ZRLocalNotificationCenter::defaultLocalNotificationCenter().comeBack();
     if (onEnded)
         onEnded(outcome);
 }
 
+void PointerTools::windowHasGone()
+{
+    m_uncovered.setRemainingTime(kUncoverMs);
+}
+
 void PointerTools::whenUncovered(const QObject& context, std::function<void()> act)
 {
     if (ZRLocalNotificationCenter::defaultLocalNotificationCenter().leaveScreen())
-        m_uncovered.setRemainingTime(kUncoverMs);
+        windowHasGone();
     const qint64 left = m_uncovered.remainingTime();
     if (left <= 0)
         act();

@@ -38,9 +38,11 @@ public:
     // To be called when the displays have changed.
     void checkDisplay();
 
+    // A window of ours has just left the screen.
+    void windowHasGone();
     // Takes the notices off the screen until a capture or a tool ends, and calls `act` once the windows that
-    // notices or a tool covered have drawn themselves again: at once where none was just covered. Not at all
-    // when `context` is gone by then.
+    // notices, a tool or such a window covered have drawn themselves again: at once where none was just
+    // covered. Not at all when `context` is gone by then.
     void whenUncovered(const QObject& context, std::function<void()> act);
 
     // A display on which a tool is now shown.

@@ -10,15 +10,10 @@ namespace {
 
 const Displays* g_displays = nullptr;
 
-std::vector<DisplayRecord> screens()
-{
-    return g_displays ? g_displays->all() : std::vector<DisplayRecord>{};
-}
-
 template <typename Predicate>
 std::optional<DisplayRecord> firstScreenWhere(Predicate matches)
 {
-    for (const DisplayRecord& display : screens())
+    for (const DisplayRecord& display : ToolScreen::screens())
         if (matches(display))
             return display;
     return std::nullopt;
@@ -34,6 +29,16 @@ std::optional<DisplayRecord> mainScreen()
 void ToolScreen::install(const Displays* displays)
 {
     g_displays = displays;
+}
+
+std::vector<DisplayRecord> ToolScreen::screens()
+{
+    return g_displays ? g_displays->all() : std::vector<DisplayRecord>{};
+}
+
+QRect ToolScreen::virtualScreen()
+{
+    return g_displays ? g_displays->virtualScreen() : QRect();
 }
 
 int ToolScreen::numberOfScreens()

@@ -17,6 +17,10 @@ public:
     // Borrowed; null forgets.
     static void install(const Displays* displays);
 
+    // All displays, the first one first.
+    static std::vector<DisplayRecord> screens();
+    // The rectangle around them, as Displays has it.
+    static QRect virtualScreen();
     static int numberOfScreens();
     static std::optional<ScreenInfo> getMainScreenInfo();
     static std::vector<ScreenInfo> screenInfos();

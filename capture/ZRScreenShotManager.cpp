@@ -1,5 +1,6 @@
 #include "capture/ZRScreenShotManager.h"
 
+#include "capture/AreaRules.h"
 #include "capture/ChromeRules.h"
 #include "capture/FreezeNotice.h"
 #include "capture/LastCapture.h"
@@ -63,6 +64,8 @@ void ZRScreenShotManager::initContext()
 
 void ZRScreenShotManager::initialize()
 {
+    if (onPreempt)
+        onPreempt();
     m_tools.cancel();
     clear();
     createNewWindowInfoList();
@@ -86,11 +89,19 @@ void ZRScreenShotManager::startScreenShot(const QString& hotkey)
 
 void ZRScreenShotManager::startScreenShotIsFullScreen(bool isFullScreen)
 {
+    startScreenShotWithOrder({isFullScreen});
+}
+
+void ZRScreenShotManager::startScreenShotWithOrder(const CaptureOrder& order)
+{
     _startScreenShot();
-    m_tools.whenUncovered(*this, [this, isFullScreen, capture = m_captureNumber] {
+    m_target = order.target;
+    m_tools.whenUncovered(*this, [this, order, capture = m_captureNumber] {
         if (m_isEnding || capture != m_captureNumber)
             return;
-        if (isFullScreen)
+        if (order.area)
+            startAreaScreenShot(order);
+        else if (order.isFullScreen)
             _StartFullScreenShot();
         else
             _StartRegionScreenShot();
@@ -156,6 +167,7 @@ void ZRScreenShotManager::_startScreenShot()
     m_isEndedByKey = false;
     m_isMoving = false;
     m_isPressed = false;
+    m_target = {};
     ++m_captureNumber;
 }
 
@@ -203,9 +215,10 @@ void ZRScreenShotManager::storeScreens(const DisplayRecord& current)
     AppSettings::setFistScreenInfo(_fistScreenInfo);
 }
 
-void ZRScreenShotManager::reopenScreenShot()
+void ZRScreenShotManager::reopenScreenShot(const CaptureTarget& target)
 {
     _startScreenShot();
+    m_target = target;
     ZRLocalNotificationCenter::defaultLocalNotificationCenter().leaveScreen();
     QString reason = QStringLiteral("no capture is kept");
     const auto entry = lastCapture(&reason);
@@ -269,6 +282,31 @@ void ZRScreenShotManager::_StartFullScreenShot()
     stopScreenShot();
 }
 
+// The same without choosing anything.
+void ZRScreenShotManager::startAreaScreenShot(const CaptureOrder& order)
+{
+    QString reason;
+    const auto area = order.area(&reason);
+    if (!area)
+        return failCapture(reason, {}, CaptureOutcome::Kind::NothingThere);
+    setCurrentScreen(area->display);
+    if (!freezeCurrentScreen())
+        return;
+    mScreenShotController.saveAreaToLocal(area->pixels);
+    storeScreens(m_frame->display());
+    stopScreenShot();
+}
+
+std::optional<CaptureArea> ZRScreenShotManager::lastRegion()
+{
+    return AreaRules::restored(AppSettings::lastRegion(), ToolScreen::screens());
+}
+
+void ZRScreenShotManager::regionWasTaken(const CaptureArea& region)
+{
+    m_regionTaken = AreaRules::stored(region);
+}
+
 bool ZRScreenShotManager::freezeCurrentScreen()
 {
     QString reason = QStringLiteral("there is no display");
@@ -281,7 +319,7 @@ bool ZRScreenShotManager::freezeCurrentScreen()
     return false;
 }
 
-void ZRScreenShotManager::failCapture(const QString& reason, QStringView noticeKey)
+void ZRScreenShotManager::failCapture(const QString& reason, QStringView noticeKey, CaptureOutcome::Kind kind)
 {
     if (!mIsCapturing || m_isEnding)
         return;
@@ -291,7 +329,7 @@ void ZRScreenShotManager::failCapture(const QString& reason, QStringView noticeK
     if (!noticeKey.isEmpty())
         mScreenShotController.postLocalNotificationWithMessageTitle(
             AppSettings::getXMLValueForKeywords(noticeKey), {});
-    reportOutcome(m_captureNumber, {CaptureOutcome::Kind::Failed, {}, reason});
+    reportOutcome(m_captureNumber, {kind, {}, reason});
 }
 
 // Makes the overlay of the frozen display and gives the one that was there before.
@@ -767,6 +805,8 @@ void ZRScreenShotManager::releaseInput()
 
 void ZRScreenShotManager::_cancelScreenshot()
 {
+    if (onPreempt)
+        onPreempt();
     m_tools.cancel();
     if (mIsCapturing && !m_isEnding)
         mScreenShotController.cancelRegionScreenShot();
@@ -782,6 +822,8 @@ void ZRScreenShotManager::clear()
 {
     mHotKey.clear();
     closeScreenShotWindow();
+    if (!m_regionTaken.isEmpty())
+        AppSettings::setLastRegion(std::exchange(m_regionTaken, {}));
     mIsCapturing = false;
     mRegionBeginPoint = {};
     mScreenShotController.clear();

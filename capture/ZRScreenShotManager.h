@@ -1,5 +1,6 @@
 #pragma once
 
+#include "capture/CaptureOrder.h"
 #include "capture/CaptureOutcome.h"
 #include "capture/OverlayKeys.h"
 #include "capture/PointerTools.h"
@@ -37,12 +38,23 @@ public:
     // A region capture when the text is the region hot key's, else a full-screen capture.
     void startScreenShot(const QString& hotkey);
     void startScreenShotIsFullScreen(bool isFullScreen);
+    void startScreenShotWithOrder(const CaptureOrder& order);
     // The measuring tool and the colour tool, on the display under the pointer, in the place of one that
     // runs; nothing while a capture runs. A capture that starts ends them.
     void startScreenShotDistance();
     void startScreenShotGetColor();
     // Opens the last capture again, as the journal has it, on its display.
-    void reopenScreenShot();
+    void reopenScreenShot(const CaptureTarget& target = {});
+    // Where the running capture's picture goes when it is saved.
+    const CaptureTarget& target() const { return m_target; }
+    // The region that was taken last, in this run of the program or the one before, while its display is
+    // there.
+    static std::optional<CaptureArea> lastRegion();
+    // A region's picture was taken; remembered once the capture is over.
+    void regionWasTaken(const CaptureArea& region);
+    // Called before any capture or tool starts, and when one is to be cancelled: whoever waits for a moment
+    // to start one gives way.
+    std::function<void()> onPreempt;
     // Where captures are kept for that, borrowed; null for nowhere.
     void setJournal(CaptureJournal* journal) { m_journal = journal; }
     PointerTools& tools() { return m_tools; }
@@ -119,8 +131,10 @@ private:
     void _startScreenShot();
     void _StartRegionScreenShot();
     void _StartFullScreenShot();
+    void startAreaScreenShot(const CaptureOrder& order);
     bool freezeCurrentScreen();
-    void failCapture(const QString& reason, QStringView noticeKey = {});
+    void failCapture(const QString& reason, QStringView noticeKey = {},
+        CaptureOutcome::Kind kind = CaptureOutcome::Kind::Failed);
     void openOverlay();
     void showOverlay(const JournalEntry* last);
     std::optional<JournalEntry> lastCapture(QString* reason) const;
@@ -159,6 +173,8 @@ private:
     PointerTools m_tools;
     CaptureJournal* m_journal = nullptr;
     std::unique_ptr<ZRGraffitManager> mGraffitManager; // the running region capture's
+    CaptureTarget m_target;                            // of the running capture
+    QString m_regionTaken;                             // to be remembered; empty for none
     QString mHotKey;
     bool mIsCapturing = false;
     ZRScreenShotViewController mScreenShotController;

@@ -25,6 +25,7 @@
 #include "settings/AppSettings.h"
 
 #include <QClipboard>
+#include <QFileInfo>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -281,7 +282,7 @@ void ZRScreenShotViewController::_saveRegionShotToLocal()
 {
     if (!mIsRegionLocked)
         return;
-    saveImageToFile(takePicture(), reportOfCapture());
+    deliver(takePicture(), reportOfCapture());
     _stopScreenShot();
 }
 
@@ -296,16 +297,23 @@ void ZRScreenShotViewController::_saveToPasteboard()
 Picture ZRScreenShotViewController::takePicture()
 {
     mManager->clearFocusOnGraffitView(); // what is being typed belongs to the picture
-    Picture picture = createImage(false);
+    Picture picture = createImage(createRegionImage());
+    if (!picture.image.isNull())
+        mManager->regionWasTaken({mManager->frame()->display(), regionPixels()});
     mManager->beginEnding();
     return picture;
 }
 
 void ZRScreenShotViewController::saveFullScreenToLocal()
 {
-    Picture picture = createImage(true);
+    saveAreaToLocal(mManager->frame()->image().rect());
+}
+
+void ZRScreenShotViewController::saveAreaToLocal(const QRect& pixelsOnDisplay)
+{
+    Picture picture = createImage(mManager->frame()->crop(pixelsOnDisplay));
     mManager->beginEnding();
-    saveImageToFile(std::move(picture), reportOfCapture());
+    deliver(std::move(picture), reportOfCapture(pixelsOnDisplay));
 }
 
 void ZRScreenShotViewController::cancelRegionScreenShot()
@@ -313,7 +321,7 @@ void ZRScreenShotViewController::cancelRegionScreenShot()
     const quint64 capture = mManager->captureNumber();
     mManager->beginEnding();
     _stopScreenShot();
-    mManager->reportOutcome(capture, {CaptureOutcome::Kind::Cancelled, {}, {}});
+    mManager->reportOutcome(capture, {});
 }
 
 void ZRScreenShotViewController::_stopScreenShot()
@@ -322,57 +330,95 @@ void ZRScreenShotViewController::_stopScreenShot()
     mManager->stopScreenShot();
 }
 
-Picture ZRScreenShotViewController::createImage(bool isFullScreen) const
+Picture ZRScreenShotViewController::createImage(QImage image) const
 {
     const auto frame = mManager->frame();
-    if (!frame)
-        return {};
-    const DisplayRecord& display = frame->display();
-    QImage image = isFullScreen ? frame->image() : createRegionImage(*frame);
     if (AppSettings::imageQualityUserNeed() == kNominalResolution)
-        image = PictureRules::averagedToPoints(image, display.scale);
+        image = PictureRules::averagedToPoints(image, frame->display().scale);
     return {image, frame};
 }
 
-QImage ZRScreenShotViewController::createRegionImage(const Frame& frame) const
+QImage ZRScreenShotViewController::createRegionImage() const
 {
-    const QRect pixels = frame.display().localPixels(regionRect());
-    const QImage annotated = mManager->annotatedImage(pixels & frame.image().rect());
-    return annotated.isNull() ? frame.crop(pixels) : annotated;
+    const QRect pixels = regionPixels();
+    const QImage annotated = mManager->annotatedImage(pixels);
+    return annotated.isNull() ? mManager->frame()->crop(pixels) : annotated;
 }
 
-ZRScreenShotViewController::Report ZRScreenShotViewController::reportOfCapture() const
+QRect ZRScreenShotViewController::regionPixels() const
 {
-    return [manager = mManager, capture = mManager->captureNumber()](
-               const CaptureOutcome& outcome) { manager->reportOutcome(capture, outcome); };
+    const Frame& frame = *mManager->frame();
+    return frame.display().localPixels(regionRect()) & frame.image().rect();
 }
 
-void ZRScreenShotViewController::saveImageToFile(Picture picture, const Report& report, Tell tell)
+ZRScreenShotViewController::Report ZRScreenShotViewController::reportOfCapture(
+    const QRect& pixelsOnDisplay) const
+{
+    const CaptureArea area{mManager->frame()->display(), pixelsOnDisplay};
+    return [manager = mManager, capture = mManager->captureNumber(), area](CaptureOutcome outcome) {
+        outcome.area = area;
+        manager->reportOutcome(capture, outcome);
+    };
+}
+
+void ZRScreenShotViewController::deliver(Picture picture, const Report& report)
+{
+    const CaptureTarget& target = mManager->target();
+    switch (target.kind) {
+    case CaptureTarget::Kind::SaveFolder:
+        return saveImageToFile(std::move(picture), report, AppSettings::screenshotSavePath());
+    case CaptureTarget::Kind::File:
+        return saveImageToFile(std::move(picture), report, target.path);
+    case CaptureTarget::Kind::Clipboard:
+        return writeToPasteboard(std::move(picture), report);
+    case CaptureTarget::Kind::Caller:
+        return handToCaller(std::move(picture), report);
+    }
+}
+
+void ZRScreenShotViewController::saveImageToFile(
+    Picture picture, const Report& report, const QString& path, Tell tell)
 {
     if (picture.image.isNull())
         return fail(report, kSaveFailed, kNothingToSave);
-    const QString path = AppSettings::screenshotSavePath();
     CommLog::log(QStringLiteral("screenshot save path--->%1").arg(path));
-    m_jobs.save(std::move(picture), path, AppSettings::screenshotType(),
-        [this, report, path, tell](const QString& failure) {
+    const QSize size = picture.image.size();
+    const QString imageType = QLatin1Char('.') + QFileInfo(path).suffix().toLower();
+    m_jobs.save(
+        std::move(picture), path, imageType, [this, report, path, tell, size](const QString& failure) {
             if (!failure.isEmpty())
-                return fail(report, kSaveFailed, failure);
+                return fail(report, kSaveFailed, failure, CaptureOutcome::Kind::Unwritable);
             CommLog::log(QStringLiteral("save image success"));
             (this->*tell)(path);
-            report({CaptureOutcome::Kind::Saved, path, {}});
+            report({.kind = CaptureOutcome::Kind::Saved, .path = path, .size = size});
         });
+}
+
+// Nobody but the caller hears of it.
+void ZRScreenShotViewController::handToCaller(Picture picture, const Report& report)
+{
+    if (picture.image.isNull())
+        return fail(report, kSaveFailed, kNothingToSave);
+    const QSize size = picture.image.size();
+    m_jobs.encode(std::move(picture), [this, report, size](const QByteArray& png) {
+        if (png.isEmpty())
+            return fail(report, kSaveFailed, QStringLiteral("there is not enough memory"));
+        CommLog::log(QStringLiteral("hand image data to the caller"));
+        report({.kind = CaptureOutcome::Kind::Encoded, .png = png, .size = size});
+    });
 }
 
 void ZRScreenShotViewController::writeToPasteboard(Picture picture, const Report& report)
 {
     if (picture.image.isNull())
         return fail(report, kSaveFailed, kNothingToSave);
-    m_jobs.copy(std::move(picture), [this, report](const QString& failure) {
+    const QSize size = picture.image.size();
+    m_jobs.copy(std::move(picture), [this, report, size](const QString& failure) {
         if (!failure.isEmpty())
             return fail(report, kCopyFailed, failure);
         CommLog::log(QStringLiteral("write image data to pasteboard"));
         tellOfCopied();
-        report({CaptureOutcome::Kind::Copied, {}, {}});
+        report({.kind = CaptureOutcome::Kind::Copied, .size = size});
     });
 }
 
@@ -397,7 +443,8 @@ void ZRScreenShotViewController::asyncUploadScreenShotToCloud(UploadRules::Share
     const Report report = reportOfCapture();
     Picture picture = takePicture();
     if (!ZRScreenshotUploadManager::hasEndpoint())
-        saveImageToFile(std::move(picture), report, &ZRScreenShotViewController::tellOfMissingEndpoint);
+        saveImageToFile(std::move(picture), report, AppSettings::screenshotSavePath(),
+            &ZRScreenShotViewController::tellOfMissingEndpoint);
     else
         upload(std::move(picture), report, shareType);
     _stopScreenShot();
@@ -411,14 +458,15 @@ void ZRScreenShotViewController::upload(
     ZRScreenshotUploadManager& manager = ZRScreenshotUploadManager::defaultManager();
     const QString path = UploadRules::temporaryPath(AppSettings::screenshotSavePath());
     const bool isFormShown = AppSettings::isNeedShowUploadToCloudView();
+    const QSize size = picture.image.size();
     manager.journal().add(path);
     m_jobs.save(std::move(picture), path, QStringLiteral(".jpg"),
-        [this, &manager, report, path, shareType, isFormShown](const QString& failure) {
+        [this, &manager, report, path, shareType, isFormShown, size](const QString& failure) {
             if (!failure.isEmpty()) {
                 manager.journal().remove(path);
                 return fail(report, kSaveFailed, failure);
             }
-            report({CaptureOutcome::Kind::Uploading, {}, {}});
+            report({.kind = CaptureOutcome::Kind::Uploading, .size = size});
             whenCaptureIsGone([&manager, path, shareType, isFormShown] {
                 if (isFormShown)
                     manager.askAndUpload(path);
@@ -449,7 +497,7 @@ void ZRScreenShotViewController::screenshotShowImageWindow()
         fail(report, kSaveFailed, kNothingToSave);
     } else {
         showImageWindow(picture.image.copy(), place, display);
-        report({CaptureOutcome::Kind::Pinned, {}, {}});
+        report({.kind = CaptureOutcome::Kind::Pinned, .size = picture.image.size()});
     }
     _stopScreenShot();
 }
@@ -463,7 +511,9 @@ void ZRScreenShotViewController::showImageWindow(
     window->backgroundWithImage(image);
     window->setPlace(place, screen ? screen->geometry().topLeft() : QPoint());
     window->onCopy = [this, ignored](const QImage& pinned) { writeToPasteboard({pinned, {}}, ignored); };
-    window->onSave = [this, ignored](const QImage& pinned) { saveImageToFile({pinned, {}}, ignored); };
+    window->onSave = [this, ignored](const QImage& pinned) {
+        saveImageToFile({pinned, {}}, ignored, AppSettings::screenshotSavePath());
+    };
     window->onClose = [this, pinned = window.get()] { forget(pinned); };
     window->orderFront();
     imageWindowLists.push_back(std::move(window));
@@ -481,13 +531,14 @@ void ZRScreenShotViewController::forget(const ZRImageShowWindow* imageWindow)
 }
 
 // `titleKey` is the text that the user reads.
-void ZRScreenShotViewController::fail(const Report& report, QStringView titleKey, const QString& reason)
+void ZRScreenShotViewController::fail(
+    const Report& report, QStringView titleKey, const QString& reason, CaptureOutcome::Kind kind)
 {
     const bool isCopy = titleKey == kCopyFailed;
     CommLog::log(QStringLiteral("the picture could not be %1: %2")
                      .arg(isCopy ? QStringLiteral("copied") : QStringLiteral("saved"), reason));
     postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(titleKey), {});
-    report({CaptureOutcome::Kind::Failed, {}, reason});
+    report({.kind = kind, .reason = reason});
 }
 
 void ZRScreenShotViewController::tellOfSaved(const QString& path)

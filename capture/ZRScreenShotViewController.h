@@ -104,8 +104,9 @@ public:
     // Asks for a title and a password and uploads the picture. Without an address to upload to it is saved,
     // and a notice tells of the address.
     void uploadRegionScreenshotToCloudFromhotKey();
-    // Saves the whole display; needs no overlay.
+    // Saves the whole display, or a part of it; needs no overlay.
     void saveFullScreenToLocal();
+    void saveAreaToLocal(const QRect& pixelsOnDisplay);
     // Pins the picture to the screen, where the region is.
     void screenshotShowImageWindow();
     void cancelRegionScreenShot();
@@ -123,18 +124,27 @@ private:
     // The picture of the fixed region by value; the capture takes no further input.
     Picture takePicture();
     void _stopScreenShot();
-    Picture createImage(bool isFullScreen) const;
-    QImage createRegionImage(const Frame& frame) const;
-    using Report = std::function<void(const CaptureOutcome&)>;
-    // Answers the running capture, also after its end.
-    Report reportOfCapture() const;
+    // At the resolution that the settings ask for.
+    Picture createImage(QImage image) const;
+    QImage createRegionImage() const;
+    // The region's device pixels, cut at the display's edges.
+    QRect regionPixels() const;
+    using Report = std::function<void(CaptureOutcome)>;
+    // Answers the running capture, also after its end; with what its picture shows where there is one.
+    Report reportOfCapture() const { return reportOfCapture(regionPixels()); }
+    Report reportOfCapture(const QRect& pixelsOnDisplay) const;
+    // To where the running capture's pictures go.
+    void deliver(Picture picture, const Report& report);
+    void handToCaller(Picture picture, const Report& report);
+    // The path's extension names the type.
     using Tell = void (ZRScreenShotViewController::*)(const QString& path);
-    void saveImageToFile(
-        Picture picture, const Report& report, Tell tell = &ZRScreenShotViewController::tellOfSaved);
+    void saveImageToFile(Picture picture, const Report& report, const QString& path,
+        Tell tell = &ZRScreenShotViewController::tellOfSaved);
     void writeToPasteboard(Picture picture, const Report& report);
     void showImageWindow(const QImage& image, const PinRules::Place& place, const DisplayRecord& display);
     void forget(const ZRImageShowWindow* imageWindow);
-    void fail(const Report& report, QStringView titleKey, const QString& reason);
+    void fail(const Report& report, QStringView titleKey, const QString& reason,
+        CaptureOutcome::Kind kind = CaptureOutcome::Kind::Failed);
     void tellOfSaved(const QString& path);
     void tellOfCopied();
     void tellOfMissingEndpoint(const QString& path);

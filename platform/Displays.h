@@ -17,6 +17,15 @@ public:
     // The device pixel under the pointer, in the space of DisplayRecord::pixels; empty when it cannot be
     // told.
     virtual std::optional<QPoint> pointer() const = 0;
+    // The rectangle around all displays, in the same space: other programs count the desktop's pixels from
+    // its top-left corner.
+    virtual QRect virtualScreen() const
+    {
+        QRect around;
+        for (const DisplayRecord& display : all())
+            around |= display.pixels;
+        return around;
+    }
 
     // Called after a display was added, removed, moved or resized.
     std::function<void()> onChange;

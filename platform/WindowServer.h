@@ -7,6 +7,7 @@
 #include <QWindow>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 // The one refusal of a freeze that a user can do something about; there are others.
@@ -29,6 +30,9 @@ public:
 
     // What is on the screen now, front to back, our own windows included; empty when it cannot be told.
     virtual std::vector<WindowRecord> onScreenWindows() const = 0;
+    // The one of them that the user works in: which the desktop calls active, else which has the keyboard.
+    // Empty when there is none or it cannot be told.
+    virtual std::optional<WindowRecord> activeWindow() const = 0;
     // Makes ready what the next freeze of this display needs, as far as that keeps no more than 20 MiB of
     // memory in use until then. For idle moments.
     virtual void prepare(const DisplayRecord& display) = 0;

@@ -295,6 +295,16 @@ void AppSettings::setLastCaptureKept(bool isKept)
     saveToUserDefaultsForKeyBOOLValue(kKeepLastCapture, isKept);
 }
 
+QString AppSettings::lastRegion()
+{
+    return storedText(kLastRegion).value_or(QString());
+}
+
+void AppSettings::setLastRegion(const QString& region)
+{
+    storeText(kLastRegion, region);
+}
+
 QString AppSettings::uploadEndpoint()
 {
     return storedText(kUploadEndpoint).value_or(QString());

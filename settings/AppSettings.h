@@ -72,6 +72,9 @@ public:
     // Whether the last capture can be opened again; yes until the user says no.
     static bool isLastCaptureKept();
     static void setLastCaptureKept(bool isKept);
+    // The region that was captured last, "WxH+X+Y@display"; empty before the first one.
+    static QString lastRegion();
+    static void setLastRegion(const QString& region);
     // The address that pictures are uploaded to; empty when none is set.
     static QString uploadEndpoint();
     static void setUploadEndpoint(const QString& address);

@@ -18,6 +18,7 @@ inline const QString kChannelProvider = QStringLiteral("ChannelProviderID");
 inline const QString kMosaicMode = QStringLiteral("saveMosicModel");
 inline const QString kMosaicSecure = QStringLiteral("mosaicIsSecure");
 inline const QString kKeepLastCapture = QStringLiteral("lastCaptureIsKept");
+inline const QString kLastRegion = QStringLiteral("lastRegion");
 inline const QString kUploadEndpoint = QStringLiteral("uploadEndpoint");
 inline const QString kLanguageMenu = QStringLiteral("LangMenu");
 inline const QString kAutoLaunch = QStringLiteral("applicationAutoLaunch");

@@ -5,7 +5,10 @@
 #include "platform/macos/NativeWindow.h"
 #include "platform/macos/WindowListRules.h"
 
+#include <AppKit/AppKit.h>
 #include <CoreGraphics/CoreGraphics.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -26,6 +29,16 @@ ListedWindow listedWindow(NSDictionary<NSString*, id>* description)
         QString::fromNSString(description[key(kCGWindowName)]), alpha ? alpha.doubleValue : 1};
 }
 
+// As the window list names the application in front; empty when there is none.
+QString activeOwner()
+{
+    for (NSRunningApplication* application in NSWorkspace.sharedWorkspace.runningApplications) {
+        if (application.isActive)
+            return QString::fromNSString(application.localizedName);
+    }
+    return {};
+}
+
 }
 
 NativeWindowServer::NativeWindowServer(const NativeDisplays& displays)
@@ -42,6 +55,15 @@ std::vector<WindowRecord> NativeWindowServer::onScreenWindows() const
     for (NSDictionary<NSString*, id>* description in descriptions)
         windows.push_back(listedWindow(description));
     return recordsOf(windows, m_displays.all());
+}
+
+// The application in front puts its key window before its others.
+std::optional<WindowRecord> NativeWindowServer::activeWindow() const
+{
+    const QString owner = activeOwner();
+    std::vector<WindowRecord> windows = onScreenWindows();
+    const auto window = std::ranges::find(windows, owner, &WindowRecord::owner);
+    return owner.isEmpty() || window == windows.end() ? std::nullopt : std::optional(std::move(*window));
 }
 
 void NativeWindowServer::prepare(const DisplayRecord&)

@@ -69,6 +69,11 @@ std::optional<QPoint> NativeDisplays::pointer() const
     return QPoint(reply->root_x, reply->root_y) - originOnRoot();
 }
 
+QRect NativeDisplays::virtualScreen() const
+{
+    return {-originOnRoot(), rootSize()};
+}
+
 QPoint NativeDisplays::originOnRoot() const
 {
     all(); // reads it, too
@@ -111,7 +116,7 @@ std::optional<std::vector<DisplayRecord>> NativeDisplays::read() const
         return std::nullopt;
     std::vector<DisplayRecord> onRoot = monitors();
     if (onRoot.empty())
-        onRoot.push_back(rootDisplay());
+        onRoot.push_back(displayAt(QRect({0, 0}, rootSize()), int(m_x->root())));
     m_origin = onRoot.front().pixels.topLeft();
     return arrangedDisplays(std::move(onRoot));
 }
@@ -136,10 +141,9 @@ std::vector<DisplayRecord> NativeDisplays::monitors() const
     return found;
 }
 
-DisplayRecord NativeDisplays::rootDisplay() const
+QSize NativeDisplays::rootSize() const
 {
     const auto cookie = xcb_get_geometry(m_x->get(), m_x->root());
     XReply<xcb_get_geometry_reply_t> reply(xcb_get_geometry_reply(m_x->get(), cookie, nullptr));
-    const QSize size = reply ? QSize(reply->width, reply->height) : QSize();
-    return displayAt(QRect(QPoint(0, 0), size), int(m_x->root()));
+    return reply ? QSize(reply->width, reply->height) : QSize();
 }

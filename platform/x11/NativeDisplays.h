@@ -13,6 +13,8 @@ public:
     ~NativeDisplays() override;
 
     std::optional<QPoint> pointer() const override;
+    // The root window, which may be larger than all displays together.
+    QRect virtualScreen() const override;
     // The root window's pixel at the first display's top-left corner.
     QPoint originOnRoot() const;
 
@@ -22,7 +24,7 @@ private:
     void watchScreen(QScreen* screen);
     std::optional<std::vector<DisplayRecord>> read() const override;
     std::vector<DisplayRecord> monitors() const;
-    DisplayRecord rootDisplay() const;
+    QSize rootSize() const;
 
     std::shared_ptr<XConnection> m_x;
     bool m_hasMonitors = false; // RandR 1.5 or newer

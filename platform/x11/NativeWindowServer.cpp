@@ -32,6 +32,14 @@ std::vector<WindowRecord> NativeWindowServer::onScreenWindows() const
     return windows;
 }
 
+std::optional<WindowRecord> NativeWindowServer::activeWindow() const
+{
+    auto window = m_windows.active();
+    if (window)
+        window->pixels.translate(-m_displays.originOnRoot());
+    return window;
+}
+
 void NativeWindowServer::prepare(const DisplayRecord& display)
 {
     const QSize size = display.pixels.size();

@@ -13,6 +13,7 @@ public:
     NativeWindowServer(std::shared_ptr<XConnection> connection, const NativeDisplays& displays);
 
     std::vector<WindowRecord> onScreenWindows() const override;
+    std::optional<WindowRecord> activeWindow() const override;
     void prepare(const DisplayRecord& display) override;
     std::shared_ptr<const Frame> freeze(const DisplayRecord& display, QString* reason) override;
     bool present(const Frame& frame, const QWindow& window, const Dimming& dimming) override;

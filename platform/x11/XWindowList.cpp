@@ -110,6 +110,7 @@ bool isShown(xcb_connection_t* connection, xcb_get_window_attributes_cookie_t co
 XWindowList::XWindowList(std::shared_ptr<XConnection> connection)
     : m_x(std::move(connection))
     , m_clients{m_x->atom("_NET_CLIENT_LIST_STACKING"), kMostClients}
+    , m_active{m_x->atom("_NET_ACTIVE_WINDOW"), 1}
     , m_dock(m_x->atom("_NET_WM_WINDOW_TYPE_DOCK"))
     , m_questions{{
           {XCB_ATOM_WM_CLASS, kTextWords},
@@ -127,6 +128,50 @@ XWindowList::XWindowList(std::shared_ptr<XConnection> connection)
 std::vector<WindowRecord> XWindowList::read() const
 {
     return m_x->isAlive() ? described(visibleEntries()) : std::vector<WindowRecord>();
+}
+
+std::optional<WindowRecord> XWindowList::active() const
+{
+    if (!m_x->isAlive())
+        return std::nullopt;
+    const std::vector<uint32_t> named = numbers(answer(ask(m_x->root(), m_active)));
+    const std::vector<Entry> entries = visibleEntries();
+    for (const xcb_window_t window : {named.empty() ? xcb_window_t(XCB_NONE) : named[0], focus()}) {
+        const auto found = std::ranges::find(entries, topOf(window), &Entry::top);
+        if (found == entries.end())
+            continue;
+        auto records = described({*found});
+        if (!records.empty())
+            return std::move(records.front());
+    }
+    return std::nullopt;
+}
+
+xcb_window_t XWindowList::focus() const
+{
+    XReply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(m_x->get(), xcb_get_input_focus(m_x->get()), nullptr));
+    return reply ? reply->focus : xcb_window_t(XCB_NONE);
+}
+
+xcb_window_t XWindowList::underPointer() const
+{
+    XReply<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(m_x->get(), xcb_query_pointer(m_x->get(), m_x->root()), nullptr));
+    return reply ? reply->child : xcb_window_t(XCB_NONE);
+}
+
+xcb_window_t XWindowList::topOf(xcb_window_t window) const
+{
+    if (window == XCB_INPUT_FOCUS_POINTER_ROOT || window == m_x->root())
+        return underPointer();
+    for (xcb_window_t above = window; above != XCB_NONE;) {
+        window = above;
+        above = parent(m_x->get(), xcb_query_tree(m_x->get(), window));
+        if (above == m_x->root())
+            return window;
+    }
+    return XCB_NONE;
 }
 
 std::vector<XWindowList::Entry> XWindowList::visibleEntries() const

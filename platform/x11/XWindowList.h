@@ -17,6 +17,9 @@ public:
     // Front to back, without what lies wholly beyond the screen; pixels count from the root window's top-left
     // corner, borders included, the shadows that a program draws around itself excluded.
     std::vector<WindowRecord> read() const;
+    // The one of them that the window manager calls active, else the one with the keyboard; where the
+    // keyboard follows the pointer, the one under it.
+    std::optional<WindowRecord> active() const;
 
 private:
     // A window on the root and, inside its frame, the program's own window that tells about it.
@@ -37,6 +40,12 @@ private:
     using Insides = std::unordered_map<xcb_window_t, xcb_window_t>;
 
     std::vector<Entry> visibleEntries() const;
+    // What has the keyboard: a window, XCB_INPUT_FOCUS_POINTER_ROOT or XCB_NONE.
+    xcb_window_t focus() const;
+    // The root's child under the pointer; XCB_NONE for none.
+    xcb_window_t underPointer() const;
+    // The root's child that a window is in, or is; XCB_NONE when it is gone.
+    xcb_window_t topOf(xcb_window_t window) const;
     Insides insidesOf(const std::vector<xcb_window_t>& tops, const std::vector<xcb_window_t>& clients) const;
     void stepUp(std::vector<xcb_window_t>& windows, const Insides& insides) const;
     std::vector<WindowRecord> described(const std::vector<Entry>& entries) const;
@@ -46,6 +55,7 @@ private:
 
     std::shared_ptr<XConnection> m_x;
     const Question m_clients; // of the root: what its manager manages, the lowest first
+    const Question m_active;  // of the root: the window that its manager calls active
     const xcb_atom_t m_dock;  // a value of Type
     const std::array<Question, kFacts> m_questions;
 };

@@ -6,6 +6,7 @@
 class FakeWindowServer final : public WindowServer {
 public:
     std::vector<WindowRecord> onScreenWindows() const override { return windows; }
+    std::optional<WindowRecord> activeWindow() const override { return active; }
     void prepare(const DisplayRecord&) override { ++preparations; }
     std::shared_ptr<const Frame> freeze(const DisplayRecord& display, QString* reason) override
     {
@@ -37,6 +38,7 @@ public:
     }
 
     std::vector<WindowRecord> windows;
+    std::optional<WindowRecord> active;
     QString refusal; // not empty: nothing can be frozen, for this reason
     bool canPresent = false;
     int preparations = 0;

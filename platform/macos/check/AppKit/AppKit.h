@@ -78,6 +78,7 @@ typedef NS_OPTIONS(NSUInteger, NSApplicationActivationOptions){
 @property (class, readonly) NSRunningApplication* currentApplication;
 @property (readonly, getter=isActive) BOOL active;
 @property (readonly) pid_t processIdentifier;
+@property (readonly, nullable) NSString* localizedName;
 + (instancetype)runningApplicationWithProcessIdentifier:(pid_t)process;
 - (BOOL)activateWithOptions:(NSApplicationActivationOptions)options;
 - (BOOL)activateFromApplication:(NSRunningApplication*)application
