@@ -175,6 +175,18 @@ protected:
         EXPECT_EQ(m_program.savedPictures().size(), 1);
         return QFileInfo(m_program.savedPictures().value(0)).size();
     }
+    // Starts the program, takes the offer of another try and uploads.
+    void uploadWhatIsOffered()
+    {
+        ASSERT_TRUE(m_program.startResident());
+        ASSERT_TRUE(waitForWindow(kAlert));
+        m_relay->letThrough(Relay::kEverything);
+        type({Key::Return});
+        ASSERT_TRUE(waitForWindow(kForm));
+        type({Key::Return});
+        EXPECT_TRUE(opened().startsWith(QLatin1String("https://127.0.0.1:")));
+        EXPECT_TRUE(waitForNoPicture());
+    }
     // How much of the notice's bar is filled; 0 without one.
     double shownProgress() const
     {
@@ -324,14 +336,14 @@ TEST_F(HalfAnUpload, OfACrashIsOfferedAgain)
 {
     shareHalf();
     m_program.killResident();
-    ASSERT_TRUE(m_program.startResident());
-    ASSERT_TRUE(waitForWindow(kAlert));
-    m_relay->letThrough(Relay::kEverything);
-    type({Key::Return});
-    ASSERT_TRUE(waitForWindow(kForm));
-    type({Key::Return});
-    EXPECT_TRUE(opened().startsWith(QLatin1String("https://127.0.0.1:")));
-    EXPECT_TRUE(waitForNoPicture());
+    uploadWhatIsOffered();
+}
+
+TEST_F(HalfAnUpload, OfAProgramThatQuitsIsOfferedAgain)
+{
+    shareHalf();
+    EXPECT_EQ(m_program.quitResident(), 0);
+    uploadWhatIsOffered();
 }
 
 TEST_F(Upload, GivesNothingToAServerWithAnotherCertificate)
