@@ -2,6 +2,8 @@
 
 #include <QHostAddress>
 #include <QHttpMultiPart>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSslConfiguration>
 
 #include <utility>
@@ -11,6 +13,7 @@ namespace {
 constexpr int kPatienceMs = 30000;
 constexpr int kRedirects = 3;
 constexpr qint64 kLongestAnswer = 65536; // bytes
+constexpr int kMostWords = 200;          // characters of a service's reason
 
 QHttpPart field(const char* disposition)
 {
@@ -36,11 +39,21 @@ QSslConfiguration trust()
     return configuration;
 }
 
-QString reasonOf(const QNetworkReply& reply)
+// The service's own words about a refusal, on one line; empty for none.
+QString wordsOf(QNetworkReply& reply)
+{
+    const QJsonObject answer = QJsonDocument::fromJson(reply.read(kLongestAnswer)).object();
+    return answer[QLatin1String("error")].toString().left(kMostWords).simplified();
+}
+
+QString reasonOf(QNetworkReply& reply)
 {
     const int status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    if (status >= 300)
-        return QStringLiteral("the service answers with status %1").arg(status);
+    if (status >= 300) {
+        const QString words = wordsOf(reply);
+        const QString said = QStringLiteral("the service answers with status %1").arg(status);
+        return words.isEmpty() ? said : said + QStringLiteral(": ") + words;
+    }
     return reply.error() == QNetworkReply::NoError ? QString() : reply.errorString();
 }
 

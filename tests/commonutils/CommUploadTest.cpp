@@ -156,6 +156,8 @@ TEST_F(CommUploadTest, FailsOnceWhateverTheServiceDoes)
     const Case cases[] = {
         {"an error page", ScriptedServer::answer(415, "<html>"), "the service answers with status 415"},
         {"a broken server", ScriptedServer::answer(500, kLink), "the service answers with status 500"},
+        {"a reason in words", ScriptedServer::answer(413, R"({"error": "too\nlarge"})"),
+            "the service answers with status 413: too large"},
         {"broken JSON", ScriptedServer::answer(200, "{\"link\""), "the service's answer holds no link"},
         {"no link", ScriptedServer::answer(200, "{}"), "the service's answer holds no link"},
         {"another scheme", ScriptedServer::answer(200, R"({"link": "ftp://h/1"})"),
