@@ -109,10 +109,13 @@ void PictureHandler::sendPicture(const Request& request, Response& response)
             Pages::message("Private picture", "Open the picture's page first and enter its password."));
     response.status = 200;
     m_metrics.add(Metrics::PicturesSent);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(m_options.uploadSeconds);
     response.set_content_provider(size_t(info->bytes), info->contentType,
-        [this, id = request.matches[1].str()](size_t offset, size_t length, httplib::DataSink& sink) {
-            const Fault fault = m_storage.read(id, std::int64_t(offset), std::int64_t(length),
-                [&sink](const char* bytes, size_t count) { return sink.write(bytes, count); });
+        [this, end, id = request.matches[1].str()](size_t offset, size_t length, httplib::DataSink& sink) {
+            const auto take = [&sink, end](const char* bytes, size_t count) {
+                return std::chrono::steady_clock::now() < end && sink.write(bytes, count);
+            };
+            const Fault fault = m_storage.read(id, std::int64_t(offset), std::int64_t(length), take);
             if (fault)
                 logLine("a picture was not sent: " + fault.reason);
             return !fault;

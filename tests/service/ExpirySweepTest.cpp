@@ -27,9 +27,9 @@ protected:
     // Within some seconds.
     bool becomes(size_t objects) const
     {
-        for (int i = 0; i < 500 && m_bucket.objects().size() != objects; ++i)
+        for (int i = 0; i < 500 && m_bucket.count() != objects; ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        return m_bucket.objects().size() == objects;
+        return m_bucket.count() == objects;
     }
 
     QTemporaryDir m_folder;
@@ -47,12 +47,12 @@ TEST_F(ExpirySweepTest, RemovesEachPictureOnItsDayAndNoOther)
     store(now - 5);
     store(now + 1000);
     store(0);
-    ASSERT_EQ(m_bucket.objects().size(), 5u); // three pictures, two marks
+    ASSERT_EQ(m_bucket.count(), 5u); // three pictures, two marks
     ExpirySweep sweep(m_storage, m_metrics);
     EXPECT_TRUE(becomes(3)) << "a picture whose day came while nobody swept";
     store(now + 2);
     sweep.expect(now + 2);
-    EXPECT_EQ(m_bucket.objects().size(), 5u);
+    EXPECT_EQ(m_bucket.count(), 5u);
     EXPECT_TRUE(becomes(3)) << "a picture that is due before the one that it waited for";
     EXPECT_GE(std::time(nullptr), now + 2);
     EXPECT_NE(m_metrics.text().find("kestrel_pictures_expired_total 2"), std::string::npos);
@@ -67,7 +67,7 @@ TEST_F(ExpirySweepTest, KeepsTheMarkOfAPictureThatCannotBeRemoved)
         for (int i = 0; i < 500 && m_metrics.text().find("storage_faults_total 1") == std::string::npos; ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
-    EXPECT_EQ(m_bucket.objects().size(), 2u);
+    EXPECT_EQ(m_bucket.count(), 2u);
     m_bucket.failWith(0);
     const ExpirySweep again(m_storage, m_metrics);
     EXPECT_TRUE(becomes(0));

@@ -7,6 +7,8 @@
 
 #include <httplib.h>
 
+#include <algorithm>
+
 namespace {
 
 QByteArray bytes(const std::string& text)
@@ -40,6 +42,7 @@ FakeBucket::FakeBucket()
     : m_server(std::make_unique<httplib::Server>())
 {
     m_server->set_keep_alive_timeout(1); // seconds; stop() waits for it
+    m_server->new_task_queue = [] { return new httplib::ThreadPool(64); }; // each connection keeps one
     m_place.bucket = "shelf";
     m_place.region = "eu-north-7";
     m_place.accessKey = "KEYOFATEST";
@@ -72,13 +75,11 @@ void FakeBucket::stop()
         m_thread.join();
 }
 
-std::map<std::string, std::string> FakeBucket::objects() const
+size_t FakeBucket::count(const std::string& prefix) const
 {
     const std::lock_guard lock(m_mutex);
-    std::map<std::string, std::string> found;
-    for (const auto& [key, object] : m_objects)
-        found[key] = object.bytes;
-    return found;
+    return size_t(std::count_if(m_objects.begin(), m_objects.end(),
+        [&prefix](const auto& object) { return object.first.starts_with(prefix); }));
 }
 
 bool FakeBucket::isSigned(const httplib::Request& request) const

@@ -26,7 +26,8 @@ public:
     // Every later request is answered so; 0 for as it should be.
     void failWith(int status) { m_status = status; }
     void stop();
-    std::map<std::string, std::string> objects() const;
+    // How many objects have a key that begins so.
+    size_t count(const std::string& prefix = {}) const;
 
 private:
     struct Object {

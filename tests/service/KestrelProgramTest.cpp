@@ -1,3 +1,4 @@
+#include "tests/service/FakeBucket.h"
 #include "tests/service/Samples.h"
 
 #include <gtest/gtest.h>
@@ -96,11 +97,30 @@ protected:
     QUrl m_address;
 };
 
+// The same program with the pictures in its folder, or in a bucket.
+class KestrelLoadTest : public KestrelProgramTest, public testing::WithParamInterface<bool> {
+protected:
+    void startUnlimited()
+    {
+        QStringList options{QStringLiteral("--uploads-per-minute"), QStringLiteral("0"),
+            QStringLiteral("--requests-per-minute"), QStringLiteral("0")};
+        if (GetParam()) {
+            const BucketPlace place = m_bucket.place();
+            qputenv("AWS_ACCESS_KEY_ID", QByteArray::fromStdString(place.accessKey));
+            qputenv("AWS_SECRET_ACCESS_KEY", QByteArray::fromStdString(place.secretKey));
+            options += {QStringLiteral("--s3-endpoint"), QString::fromStdString(place.endpoint),
+                QStringLiteral("--s3-bucket"), QString::fromStdString(place.bucket),
+                QStringLiteral("--s3-region"), QString::fromStdString(place.region)};
+        }
+        start(options);
+    }
+    size_t storedPictures() const { return GetParam() ? m_bucket.count("pictures/") : countIn("pictures"); }
+
+    FakeBucket m_bucket;
+};
+
 const QByteArray kHead = QByteArrayLiteral("--b\r\nContent-Disposition: form-data; name=\"file\"; "
                                            "filename=\"a\"\r\n\r\n");
-
-const QStringList kNoRates{QStringLiteral("--uploads-per-minute"), QStringLiteral("0"),
-    QStringLiteral("--requests-per-minute"), QStringLiteral("0")};
 
 std::string formWith(const std::string& picture)
 {
@@ -164,9 +184,12 @@ TEST_F(KestrelProgramTest, EndsWhenItIsAskedTo)
     EXPECT_EQ(m_program.exitCode(), 0);
 }
 
-TEST_F(KestrelProgramTest, TakesTwoHundredMebibytesAtOnceInLittleMemory)
+INSTANTIATE_TEST_SUITE_P(Homes, KestrelLoadTest, testing::Bool(),
+    [](const auto& home) { return std::string(home.param ? "Bucket" : "Folder"); });
+
+TEST_P(KestrelLoadTest, TakesTwoHundredMebibytesAtOnceInLittleMemory)
 {
-    start(kNoRates);
+    startUnlimited();
     const std::string form = formWith(noise(592));
     ASSERT_GT(form.size(), 1u << 20);
     std::vector<std::future<std::string>> uploads;
@@ -174,7 +197,7 @@ TEST_F(KestrelProgramTest, TakesTwoHundredMebibytesAtOnceInLittleMemory)
         uploads.push_back(std::async(std::launch::async, [&] { return upload(form); }));
     for (auto& link : uploads)
         EXPECT_NE(link.get(), "");
-    EXPECT_EQ(countIn("pictures"), 200u);
+    EXPECT_EQ(storedPictures(), 200u);
     EXPECT_EQ(countIn("incoming"), 0u);
 #ifndef __SANITIZE_ADDRESS__ // which keeps what is freed
     EXPECT_LT(mostMemory(), 300 * 1024);
@@ -182,9 +205,9 @@ TEST_F(KestrelProgramTest, TakesTwoHundredMebibytesAtOnceInLittleMemory)
     RecordProperty("KiB", int(mostMemory()));
 }
 
-TEST_F(KestrelProgramTest, HasEachPictureThatItAnsweredForWhenItIsKilledUnderLoad)
+TEST_P(KestrelLoadTest, HasEachPictureThatItAnsweredForWhenItIsKilledUnderLoad)
 {
-    start(kNoRates);
+    startUnlimited();
     const std::string picture = noise(100), form = formWith(picture);
     std::mutex mutex;
     std::vector<std::string> links;
@@ -197,18 +220,20 @@ TEST_F(KestrelProgramTest, HasEachPictureThatItAnsweredForWhenItIsKilledUnderLoa
     std::vector<std::jthread> senders;
     for (int i = 0; i < 8; ++i)
         senders.emplace_back(sendUntilItIsGone);
-    for (size_t stored = 0; stored < 40; stored = countIn("pictures"))
+    for (size_t stored = 0; stored < 40; stored = storedPictures())
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     m_program.kill();
     ASSERT_TRUE(m_program.waitForFinished());
     senders.clear();
-    start(kNoRates);
+    startUnlimited();
     EXPECT_GE(links.size(), 30u);
     EXPECT_EQ(countIn("incoming"), 0u);
     for (const std::string& link : links) {
         const auto answer = client().Get(link + "/raw");
         EXPECT_TRUE(answer && answer->body == picture) << link;
     }
+    if (GetParam())
+        return;
     for (const auto& entry : fs::directory_iterator(m_folder.path().toStdString() + "/pictures"))
         EXPECT_EQ(fs::file_size(entry.path() / "picture"), picture.size()) << "half a picture";
 }
@@ -242,4 +267,27 @@ TEST_F(KestrelProgramTest, AnswersWhoAsksTooOften)
     EXPECT_EQ(countIn("pictures"), 2u);
     for (const int status : {200, 200, 200, 429})
         EXPECT_EQ(client().Get("/kestrel.css")->status, status);
+}
+
+TEST_P(KestrelLoadTest, AnswersThatItCannotWhenItsStorageIsGoneAndGoesOnWhenItIsBack)
+{
+    startUnlimited();
+    const std::string form = formWith(Samples::picture()), folder = m_folder.path().toStdString();
+    const std::string link = upload(form);
+    const auto takeAway = [&](bool isGone) {
+        m_bucket.failWith(isGone ? 500 : 0);
+        if (!GetParam())
+            fs::rename(folder + (isGone ? "/pictures" : "/gone"), folder + (isGone ? "/gone" : "/pictures"));
+    };
+    takeAway(true);
+    const auto refused = client().Post("/upload", form, "multipart/form-data; boundary=b");
+    EXPECT_EQ(refused->status, GetParam() ? 503 : 507);
+    EXPECT_NE(refused->body.find("\"error\""), std::string::npos);
+    EXPECT_EQ(client().Get(link)->status, GetParam() ? 503 : 404);
+    EXPECT_EQ(client().Get("/health")->status, 503);
+    takeAway(false);
+    EXPECT_EQ(client().Get(link + "/raw")->body, Samples::picture());
+    EXPECT_EQ(client().Get("/health")->status, 200);
+    EXPECT_EQ(storedPictures(), 1u);
+    EXPECT_EQ(countIn("incoming"), 0u);
 }
