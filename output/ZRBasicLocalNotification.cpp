@@ -14,6 +14,7 @@ constexpr int kIconX = 12;
 constexpr int kAfterIcon = 10;
 constexpr int kAfterText = 5; // what the text's width leaves of the notice, beside the gap after the icon
 constexpr int kBetween = 2;
+constexpr int kEdge = 6; // what stays free above and below the text
 constexpr int kTitleSize = 14;
 constexpr int kLongTitleSize = 12; // of one that takes two lines above a message
 constexpr int kMessageSize = 10;
@@ -77,10 +78,10 @@ void ZRBasicLocalNotification::layOut(const QString& title, const QString& messa
         setLines(*mTitleField, title, textWidth, kLines);
     }
     const int titleHeight = mTitleField->sizeHint().height();
-    const int room = (height() - titleHeight) / mMessageField->fontMetrics().lineSpacing();
+    const int room = (height() - 2 * kEdge - titleHeight) / mMessageField->fontMetrics().lineSpacing();
     setLines(*mMessageField, message, textWidth, qBound(1, room, kLines));
     const int messageHeight = message.isEmpty() ? 0 : mMessageField->sizeHint().height();
-    const int between = message.isEmpty() ? 0 : qMin(kBetween, height() - titleHeight - messageHeight);
+    const int between = message.isEmpty() ? 0 : kBetween;
     const int y = (height() - titleHeight - between - messageHeight) / 2;
     mTitleField->setGeometry(textX, y, textWidth, titleHeight);
     mMessageField->setGeometry(textX, y + titleHeight + between, textWidth, messageHeight);
