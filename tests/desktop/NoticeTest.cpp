@@ -1,5 +1,7 @@
 #include "tests/desktop/ProgramTest.h"
 
+#include <QUrl>
+
 #include <algorithm>
 
 namespace {
@@ -15,6 +17,7 @@ protected:
     {
         EachDesktopTest::SetUp();
         m_program.setEnvironment(QStringLiteral("LUMORA_NOTICES"), QStringLiteral("on"));
+        standInForTheBrowser();
         m_bare = m_desktop.settledScreen();
         ASSERT_TRUE(m_program.startResident());
     }
@@ -155,6 +158,24 @@ TEST_P(Notice, TakesNoFocusAndGoesWithAClick)
     m_desktop.input().click(Button::Right);
     EXPECT_TRUE(waitForChange({}));
     EXPECT_EQ(m_desktop.server().focusedWindow(), focused);
+}
+
+TEST_P(Notice, ShowsTheFolderOfItsPictureWithAClickEvenWhenThatIsGone)
+{
+    for (const bool isGone : {false, true}) {
+        SCOPED_TRACE(isGone);
+        captureScreen();
+        ASSERT_TRUE(waitForChange(kFirst));
+        if (isGone) {
+            for (const QString& picture : m_program.savedPictures())
+                QFile::remove(picture);
+        }
+        m_desktop.input().moveTo(kFirst.center());
+        m_desktop.input().click(Button::Left);
+        EXPECT_TRUE(waitForChange({}));
+        ASSERT_TRUE(waitUntil([&] { return openedAddresses().size() == 1 + isGone; }));
+        EXPECT_EQ(QUrl(openedAddresses().last()).toLocalFile(), m_program.saveFolder());
+    }
 }
 
 TEST_P(Notice, TellsOfARefusedHotKey)

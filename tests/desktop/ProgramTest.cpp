@@ -1,6 +1,7 @@
 #include "tests/desktop/ProgramTest.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 namespace {
 
@@ -110,6 +111,25 @@ QByteArray ProgramTest::clipboard(const char* mimeType) const
 int ProgramTest::logCount(const char* message) const
 {
     return m_program.logLines().count(QLatin1String(message));
+}
+
+void ProgramTest::standInForTheBrowser()
+{
+    const QString folder = m_desktop.home() + QStringLiteral("/bin");
+    QDir().mkpath(folder);
+    QFile script(folder + QStringLiteral("/xdg-open"));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\necho \"$1\" >> " + QFile::encodeName(m_desktop.home()) + "/opened\n");
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_program.setEnvironment(QStringLiteral("PATH"),
+        folder + QLatin1Char(':') + m_desktop.environment().value(QStringLiteral("PATH")));
+}
+
+QStringList ProgramTest::openedAddresses() const
+{
+    QFile file(m_desktop.home() + QStringLiteral("/opened"));
+    file.open(QIODevice::ReadOnly);
+    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 std::string desktopName(const testing::TestParamInfo<bool>& hasWindowManager)

@@ -34,6 +34,10 @@ protected:
     // What another program gets when it pastes; empty when it gets nothing.
     QByteArray clipboard(const char* mimeType) const;
     int logCount(const char* message) const;
+    // The programs that start from now on open links and folders with a tool that writes each address into
+    // the file "opened" of the home.
+    void standInForTheBrowser();
+    QStringList openedAddresses() const;
 
     static constexpr QPoint kFreeGround{1200, 40};
     static constexpr QRect kWindow{700, 600, 300, 150}; // free ground for windows of the tests' own

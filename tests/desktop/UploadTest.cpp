@@ -62,17 +62,6 @@ protected:
         m_service->kill();
         m_service->waitForFinished();
     }
-    void standInForTheBrowser()
-    {
-        const QString folder = in("bin");
-        QDir().mkpath(folder);
-        QFile script(folder + QStringLiteral("/xdg-open"));
-        script.open(QIODevice::WriteOnly);
-        script.write("#!/bin/sh\necho \"$1\" >> " + QFile::encodeName(in("opened")) + "\n");
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        m_program.setEnvironment(QStringLiteral("PATH"),
-            folder + QLatin1Char(':') + m_desktop.environment().value(QStringLiteral("PATH")));
-    }
     void writeSettings(const QString& endpoint, bool isLinkOpened) const
     {
         m_program.writeSettings({{QStringLiteral("uploadEndpoint"), endpoint},
@@ -120,10 +109,8 @@ protected:
 
     QString opened() const
     {
-        QFile file(in("opened"));
-        waitUntil([&] { return file.exists() && file.size() > 0; });
-        file.open(QIODevice::ReadOnly);
-        return QString::fromUtf8(file.readAll()).trimmed();
+        waitUntil([this] { return !openedAddresses().isEmpty(); });
+        return openedAddresses().join(QLatin1Char('\n'));
     }
     // What a browser gets from an address; a password goes with it as from the page's form.
     QByteArray fetched(const QString& link, const QStringList& more = {}) const
