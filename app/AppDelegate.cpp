@@ -459,8 +459,9 @@ void AppDelegate::endTyping()
 
 void AppDelegate::terminate()
 {
-    mScreenShotManager._cancelScreenshot(); // a visible overlay would refuse the end
-    QTimer::singleShot(0, this, [] { QCoreApplication::quit(); });
+    mScreenShotManager._cancelScreenshot();
+    // No window is asked to close: an overlay would refuse, an alert would take that for an answer.
+    QTimer::singleShot(0, this, [] { QCoreApplication::exit(); });
 }
 
 void AppDelegate::applicationWillTerminate()

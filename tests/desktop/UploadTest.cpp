@@ -308,6 +308,21 @@ TEST_F(HalfAnUpload, ThatIsCancelledLeavesThePicture)
     EXPECT_TRUE(Program::allFiles(in("data/pictures")).isEmpty());
 }
 
+TEST_F(Upload, ThatIsAskedAboutIsNotLostWhenTheProgramQuits)
+{
+    endService();
+    share(0);
+    ASSERT_TRUE(waitForWindow(kAlert));
+    EXPECT_EQ(m_program.quitResident(), 0);
+    EXPECT_EQ(m_program.savedPictures().size(), 1);
+    ASSERT_TRUE(m_program.startResident());
+    ASSERT_TRUE(waitForWindow(kAlert));
+    type({Key::Return});
+    ASSERT_TRUE(waitForWindow(kForm));
+    EXPECT_EQ(m_program.quitResident(), 0);
+    EXPECT_EQ(m_program.savedPictures().size(), 1);
+}
+
 TEST_F(Upload, WithoutAnAddressSavesThePicture)
 {
     writeSettings(QString(), true);
