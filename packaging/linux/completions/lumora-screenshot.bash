@@ -1,7 +1,23 @@
 _lumora_screenshot()
 {
-    [ "$COMP_CWORD" -eq 1 ] || return 0
-    mapfile -t COMPREPLY < <(compgen -W "region full reopen measure pick menu cancel quit --help --version" \
-        -- "${COMP_WORDS[COMP_CWORD]}")
+    local current=${COMP_WORDS[COMP_CWORD]} offers=""
+    case ${COMP_WORDS[COMP_CWORD-1]} in
+        --output)
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            return ;;
+        --display | --geometry | --delay) return ;;
+    esac
+    if [ "$COMP_CWORD" -eq 1 ]; then
+        offers="region full window reopen measure pick menu cancel quit --help --version"
+    else
+        case ${COMP_WORDS[1]} in
+            region) offers="--last --geometry --delay --output --clipboard --json" ;;
+            full) offers="--display --delay --output --clipboard --json" ;;
+            window) offers="--delay --output --clipboard --json" ;;
+            reopen) offers="--output --clipboard --json" ;;
+        esac
+    fi
+    mapfile -t COMPREPLY < <(compgen -W "$offers" -- "$current")
 }
 complete -F _lumora_screenshot lumora-screenshot
