@@ -34,6 +34,9 @@ set(CPACK_DEBIAN_KESTREL_PACKAGE_NAME kestrel)
 set(CPACK_DEBIAN_KESTREL_PACKAGE_SOURCE lumora-screenshot)
 set(CPACK_DEBIAN_KESTREL_PACKAGE_SECTION non-free/web)
 set(CPACK_DEBIAN_KESTREL_PACKAGE_RECOMMENDS "ca-certificates") # for a bucket
+set(CPACK_DEBIAN_KESTREL_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(scripts ${CMAKE_CURRENT_SOURCE_DIR}/kestrel.deb)
+set(CPACK_DEBIAN_KESTREL_PACKAGE_CONTROL_EXTRA "${scripts}/postinst;${scripts}/prerm;${scripts}/postrm")
 set(CPACK_COMPONENT_KESTREL_DESCRIPTION "image service for screenshots of a team
 Takes the pictures that the screenshot tool Lumora Mac Screenshot uploads and
 serves each under a link that nobody can guess, with a password if wanted.

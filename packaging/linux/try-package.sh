@@ -66,7 +66,10 @@ let_go
 step "the image service, until it is asked to end"
 inside timeout --preserve-status 2 kestrel --listen 127.0.0.1:0 --data /tmp/pictures
 
-step "removing and purging"
+step "removing and purging, the service enabled"
+wants=/etc/systemd/system/multi-user.target.wants
+inside mkdir -p "$wants"
+inside ln -s /usr/lib/systemd/system/kestrel.service "$wants/"
 inside apt-get remove -qy lumora-screenshot kestrel >>"$work/install.log" 2>&1
 inside dpkg --purge lumora-screenshot kestrel >>"$work/install.log" 2>&1
 inside apt-get autoremove -qy --purge >>"$work/install.log" 2>&1
