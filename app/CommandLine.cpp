@@ -74,7 +74,7 @@ constexpr Option kOptions[] = {
     {"--delay", " region full window ", true, takeDelay},
     {"--output", " region full window reopen ", true, takeOutput},
     {"--clipboard", " region full window reopen ", false, takeClipboard},
-    {"--json", " region full window reopen ", false, takeJson},
+    {"--json", " region full window reopen doctor ", false, takeJson},
 };
 
 struct Conflict {
@@ -98,7 +98,7 @@ CommandLine wrong(const QString& problem)
 bool isVerb(const QString& word)
 {
     constexpr std::array kVerbs{
-        "region", "full", "window", "reopen", "measure", "pick", "menu", "cancel", "quit"};
+        "region", "full", "window", "reopen", "measure", "pick", "menu", "cancel", "quit", "doctor"};
     return std::ranges::any_of(kVerbs, [&](const char* verb) { return word == QLatin1String(verb); });
 }
 
@@ -146,7 +146,7 @@ CommandLine CommandLine::parsed(const QStringList& arguments)
     for (const Conflict& conflict : kConflicts)
         if (conflict.isIn(request))
             return wrong(QString::fromLatin1(conflict.text));
-    return {Kind::Verb, request, {}};
+    return {request.verb == QLatin1String("doctor") ? Kind::Doctor : Kind::Verb, request, {}};
 }
 
 QString CommandLine::usage()
@@ -167,6 +167,7 @@ QString CommandLine::usage()
         "  menu     open the menu at the pointer\n"
         "  cancel   end a running capture, countdown or tool\n"
         "  quit     end the program\n"
+        "  doctor   say what works, what does not and how to mend it\n"
         "\n"
         "options of a verb:\n"
         "  --display N         full: the display of that number, from 1, or of that name\n"
@@ -179,8 +180,8 @@ QString CommandLine::usage()
         "                      names the type: .png .jpg .jpeg .bmp .tiff .gif,\n"
         "                      PNG without one; - writes a PNG to stdout\n"
         "  --clipboard         region, full, window, reopen: copy instead of saving\n"
-        "  --json              region, full, window, reopen: print JSON with the\n"
-        "                      path, size, display, scale and region of the picture\n"
+        "  --json              region, full, window, reopen, doctor: print JSON; of a\n"
+        "                      picture its path, size, display, scale and region\n"
         "\n"
         "exit codes: 0 done, 1 failed, 2 wrong usage, 3 the program does not run,\n"
         "            4 it was cancelled or ended elsewhere than --output says,\n"

@@ -6,9 +6,9 @@
 
 // What the program was called with.
 struct CommandLine {
-    enum class Kind { Start, Verb, Help, Version, Wrong };
+    enum class Kind { Start, Verb, Doctor, Help, Version, Wrong };
     Kind kind = Kind::Start;
-    VerbRequest request{}; // for Kind::Verb; its output as it was given
+    VerbRequest request{}; // for Kind::Verb and Kind::Doctor; its output as it was given
     QString problem{};     // one line in words, for Kind::Wrong
 
     // `arguments` without the program's own name.

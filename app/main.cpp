@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
+#include "app/Doctor.h"
 #include "app/KeyNames.h"
 #include "app/ResidentClient.h"
 #include "app/ResidentLink.h"
@@ -98,6 +99,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "lumora-screenshot: %s\nusage: lumora-screenshot --help tells it\n",
             qPrintable(line.problem));
         return ExitCode::kWrongUsage;
+    case CommandLine::Kind::Doctor:
+        return Doctor::run(argc, argv, line.request.isJson);
     case CommandLine::Kind::Start:
     case CommandLine::Kind::Verb:
         break;

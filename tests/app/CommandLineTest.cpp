@@ -21,6 +21,7 @@ TEST(CommandLine, KnowsItsVerbsAndTheirOptions)
         {"measure", Kind::Verb, {.verb = QStringLiteral("measure")}},
         {"pick", Kind::Verb, {.verb = QStringLiteral("pick")}},
         {"quit", Kind::Verb, {.verb = QStringLiteral("quit")}},
+        {"doctor --json", Kind::Doctor, {.verb = QStringLiteral("doctor"), .isJson = true}},
         {"--help", Kind::Help, {}},
         {"full --help", Kind::Help, {}},
         {"--version", Kind::Version, {}},
