@@ -18,11 +18,12 @@ __lumora_verb pick 'pick a colour from the screen'
 __lumora_verb menu 'open the menu at the pointer'
 __lumora_verb cancel 'end a running capture, countdown or tool'
 __lumora_verb quit 'end the program'
+__lumora_verb doctor 'say what works, what does not and how to mend it'
 __lumora_option full display 'the display of that number or name' -x
 __lumora_option region last 'the last region again'
 __lumora_option region geometry 'WxH+X+Y, a rectangle of the virtual screen' -x
 __lumora_option 'region full window' delay 'begin after a countdown of so many seconds' -x
 __lumora_option 'region full window reopen' output 'save there; - writes a PNG to stdout' -r -F
 __lumora_option 'region full window reopen' clipboard 'copy instead of saving'
-__lumora_option 'region full window reopen' json 'print JSON'
+__lumora_option 'region full window reopen doctor' json 'print JSON'
 functions -e __lumora_verb __lumora_option
