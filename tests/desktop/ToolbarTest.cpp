@@ -1,49 +1,32 @@
-#include "tests/desktop/ProgramTest.h"
-#include "tests/desktop/Toolbars.h"
+#include "tests/desktop/AnnotatingTest.h"
 
 #include <functional>
 
 namespace {
 
-constexpr QRect kRegion{101, 52, 1000, 500}; // leaves room for toolbars and ribbon below
-constexpr int kArrow = 3, kPencil = 5, kText = 7, kBlur = 8, kEraser = 9;
-
-// Toolbars and ribbons with a real mouse and real keys, at scale 1 with a window manager, at scale 2 without.
-// Device pixels of the screen.
-class Toolbar : public EachDesktopTest {
+// Toolbars and ribbons with a real mouse and real keys. Device pixels of the screen.
+class Toolbar : public AnnotatingTest {
 protected:
-    void SetUp() override
+    // Cancels the capture and begins another one.
+    testing::AssertionResult beginAnew()
     {
-        EachDesktopTest::SetUp();
-        m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale()));
-        ASSERT_TRUE(m_program.startResident());
-        ASSERT_TRUE(openOverlay());
+        m_desktop.input().chord({Key::Escape});
+        return waitForRest() ? openOverlay() : testing::AssertionFailure() << "the capture goes on";
     }
-
-    static int scale() { return GetParam() ? 1 : 2; }
     // The region from now on.
-    void choose(QRect region)
+    void choose(QPoint from, QPoint to)
     {
-        m_desktop.input().drag(region.topLeft(), region.bottomRight() + QPoint(1, 1));
-        m_region = region;
+        drag(from, to);
+        m_region = spannedBy(from, to);
     }
     Toolbars toolbars() const { return {m_before.rect(), double(scale()), m_region}; }
-    void click(QPoint point)
-    {
-        m_desktop.input().moveTo(point);
-        m_desktop.input().click(Button::Left);
-    }
-    void drag(QPoint from, QPoint to) { m_desktop.input().drag(from, to); }
-    QImage screen() const { return m_desktop.settledScreen(); }
-    QImage screenIn(QRect part) const { return screen().copy(part); }
-    // The region without its border and handles.
-    QRect inside() const { return m_region.adjusted(12, 12, -12, -12); }
-    bool isUntouched() const { return screenIn(inside()) == m_before.copy(inside()); }
+    QImage whole() const { return m_desktop.settledScreen(); }
+    QImage shownInside() const { return whole().copy(inside()); }
     // Whether a toolbar is where it is to be: its panel's colour between border and items.
     bool isPanel(QRect toolbar) const
     {
         const QRgb panel = qRgb(240, 248, 255);
-        const QImage shown = screen();
+        const QImage shown = whole();
         return shown.pixel(toolbar.center().x(), toolbar.top() + 2 * scale()) == panel &&
                shown.pixel(toolbar.left() + 2 * scale(), toolbar.center().y()) == panel;
     }
@@ -52,13 +35,13 @@ protected:
     QImage pictureAfterClick(QPoint item)
     {
         const qsizetype before = m_program.savedPictures().size();
-        click(item);
+        clickAt(item);
         if (!waitForRest() || m_program.savedPictures().size() != before + 1)
             return {};
         return QImage(m_program.savedPictures().last());
     }
 
-    QRect m_region;
+    QRect m_region = kRegion;
 };
 
 } // namespace
@@ -67,36 +50,35 @@ LUMORA_ON_EACH_DESKTOP(Toolbar);
 
 TEST_P(Toolbar, ASessionOfAllToolsEndsInTheFile)
 {
-    choose(kRegion);
     ASSERT_TRUE(areToolbarsShown());
     const Toolbars bars = toolbars();
-    QImage before = screenIn(inside());
+    QImage before = shownInside();
     for (int tool = 1; tool <= 6; ++tool) {
         for (int width = 0; width < 3; ++width) {
             SCOPED_TRACE(testing::Message() << "tool " << tool << ", width " << width);
             if (width == 0)
-                click(bars.tool(tool));
-            click(bars.lineWidth(tool, width));
-            click(bars.color(tool, 4 * tool + width));
+                clickAt(bars.tool(tool));
+            clickAt(bars.lineWidth(tool, width));
+            clickAt(bars.color(tool, 4 * tool + width));
             const QPoint from(130 + 150 * (tool - 1), 80 + 140 * width);
             drag(from, from + QPoint(100, 60));
-            const QImage after = screenIn(inside());
+            const QImage after = shownInside();
             EXPECT_NE(after, before);
             before = after;
         }
     }
-    click(bars.undo());
-    EXPECT_NE(screenIn(inside()), before);
-    click(bars.redo());
-    EXPECT_EQ(screenIn(inside()), before);
-    click(bars.tool(kBlur));
-    click(bars.mosaicSwitch(kBlur));
-    click(bars.lineWidth(kBlur, 2));
+    clickAt(bars.undo());
+    EXPECT_NE(shownInside(), before);
+    clickAt(bars.redo());
+    EXPECT_EQ(shownInside(), before);
+    clickAt(bars.tool(kBlur));
+    clickAt(bars.mosaicSwitch(kBlur));
+    clickAt(bars.lineWidth(kBlur, 2));
     drag({130, 480}, {600, 530});
-    EXPECT_NE(screenIn(inside()), before);
-    click(bars.tool(kEraser));
-    click({400, 500});
-    EXPECT_EQ(screenIn(inside()), before);
+    EXPECT_NE(shownInside(), before);
+    clickAt(bars.tool(kEraser));
+    clickAt({400, 500});
+    EXPECT_EQ(shownInside(), before);
     const QImage picture = pictureAfterClick(bars.ok());
     ASSERT_EQ(picture.size(), kRegion.size());
     EXPECT_TRUE(samePixels(picture.copy(inside().translated(-kRegion.topLeft())), before));
@@ -104,19 +86,18 @@ TEST_P(Toolbar, ASessionOfAllToolsEndsInTheFile)
 
 TEST_P(Toolbar, TextIsTypedInTheChosenSizeAndColour)
 {
-    choose(kRegion);
-    click(toolbars().tool(kText));
+    clickAt(toolbars().tool(kText));
     int small = 0;
     for (const int row : {6, 8}) { // 18 and 36 points
-        click(toolbars().fontSize(kText));
-        click(toolbars().fontSizeRow(kText, row));
-        click(toolbars().color(kText, 18));
+        clickAt(toolbars().fontSize(kText));
+        clickAt(toolbars().fontSizeRow(kText, row));
+        clickAt(toolbars().color(kText, 18));
         const QPoint place(300, row == 6 ? 150 : 300);
-        click(place);
+        clickAt(place);
         for (const Key key : {Key::A, Key::S, Key::D})
             m_desktop.input().chord({key});
-        click(place + QPoint(0, -60)); // the edit ends
-        const QImage shown = screen();
+        clickAt(place + QPoint(0, -60)); // the edit ends
+        const QImage shown = whole();
         int top = shown.height(), bottom = 0;
         for (int y = place.y() - 50; y < place.y() + 50; ++y)
             for (int x = place.x() - 10; x < place.x() + 200; ++x)
@@ -139,13 +120,13 @@ TEST_P(Toolbar, EveryEndOfTheCaptureHasItsItemOrKey)
     };
     Input& input = m_desktop.input();
     const Case cases[] = {
-        {"cancel", [this](const Toolbars& bars) { click(bars.cancel()); }, false, false},
-        {"copy", [this](const Toolbars& bars) { click(bars.copy()); }, false, true},
-        {"save", [this](const Toolbars& bars) { click(bars.save()); }, true, false},
+        {"cancel", [this](const Toolbars& bars) { clickAt(bars.cancel()); }, false, false},
+        {"copy", [this](const Toolbars& bars) { clickAt(bars.copy()); }, false, true},
+        {"save", [this](const Toolbars& bars) { clickAt(bars.save()); }, true, false},
         {"Return", [&input](const Toolbars&) { input.chord({Key::Return}); }, true, false},
         {"Escape with a ribbon",
             [this](const Toolbars& bars) {
-                click(bars.tool(kArrow));
+                clickAt(bars.tool(kArrow));
                 m_desktop.input().chord({Key::Escape});
             },
             false, false},
@@ -157,7 +138,7 @@ TEST_P(Toolbar, EveryEndOfTheCaptureHasItsItemOrKey)
             false, false},
         {"the right button on a ribbon",
             [this](const Toolbars& bars) {
-                click(bars.tool(kArrow));
+                clickAt(bars.tool(kArrow));
                 m_desktop.input().moveTo(bars.color(kArrow, 5));
                 m_desktop.input().click(Button::Right);
             },
@@ -165,7 +146,6 @@ TEST_P(Toolbar, EveryEndOfTheCaptureHasItsItemOrKey)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        choose(kRegion);
         const qsizetype files = m_program.savedPictures().size();
         c.end(toolbars());
         ASSERT_TRUE(waitForRest());
@@ -173,30 +153,30 @@ TEST_P(Toolbar, EveryEndOfTheCaptureHasItsItemOrKey)
         if (c.leavesACopy) {
             EXPECT_TRUE(samePixels(QImage::fromData(clipboard("image/png")), m_before.copy(kRegion)));
         }
-        EXPECT_TRUE(samePixels(screen(), m_before));
+        EXPECT_TRUE(samePixels(whole(), m_before));
         ASSERT_TRUE(openOverlay());
+        choose(kRegion.topLeft(), kRegion.bottomRight() + QPoint(1, 1));
     }
 }
 
 TEST_P(Toolbar, NothingOnAToolbarReachesTheRegionBelow)
 {
-    choose(kRegion);
     m_desktop.input().chord({Key::Control, Key::A});
     m_region = m_before.rect();
     ASSERT_TRUE(areToolbarsShown());
-    const QImage whole = screen();
+    const QImage fixed = whole();
     const Toolbars bars = toolbars();
     const QPoint panel = bars.drawing().topLeft() + QPoint(bars.drawing().width() / 2, 2 * scale());
     drag(panel, panel + QPoint(-60, -200)); // neither moves the region nor leaves the panel
-    EXPECT_TRUE(samePixels(screen(), whole));
+    EXPECT_TRUE(samePixels(whole(), fixed));
     drag(bars.tool(kArrow), {300, 200}); // released off the item
-    EXPECT_TRUE(samePixels(screenIn({200, 100, 300, 300}), whole.copy(200, 100, 300, 300)));
+    EXPECT_TRUE(samePixels(whole().copy(200, 100, 300, 300), fixed.copy(200, 100, 300, 300)));
     m_desktop.input().chord({Key::Digit1});
     drag({200, 200},
         bars.tool(kPencil)); // a drag of the region goes on over a toolbar, whose item does nothing
     m_desktop.input().chord({Key::Digit1});
     m_desktop.input().moveTo({300, 150});
-    const QImage drawn = screen();
+    const QImage drawn = whole();
     const QRgb middle = drawn.pixel(200, (200 + bars.tool(kPencil).y()) / 2);
     EXPECT_EQ(middle, qRgb(255, 0, 0));
     EXPECT_TRUE(areToolbarsShown());
@@ -204,16 +184,16 @@ TEST_P(Toolbar, NothingOnAToolbarReachesTheRegionBelow)
 
 TEST_P(Toolbar, ASecondClickDisarmsTheTool)
 {
-    choose(kRegion);
-    const QImage fixed = screen();
+    const QImage fixed = whole();
     for (int i = 0; i < 100; ++i)
-        click(toolbars().tool(kArrow));
+        clickAt(toolbars().tool(kArrow));
     m_desktop.input().moveTo({300, 300});
-    EXPECT_TRUE(samePixels(screen(), fixed));
+    EXPECT_TRUE(samePixels(whole(), fixed));
     drag({500, 300}, {520, 310}); // moves the region again
     m_region.translate(20, 10);
     EXPECT_TRUE(areToolbarsShown());
-    EXPECT_TRUE(isUntouched());
+    const QRect moved = m_region.adjusted(12, 12, -12, -12);
+    EXPECT_TRUE(samePixels(whole().copy(moved), m_before.copy(moved)));
 }
 
 TEST_P(Toolbar, StandBesideARegionInEveryCorner)
@@ -225,25 +205,39 @@ TEST_P(Toolbar, StandBesideARegionInEveryCorner)
             const QPoint from(corner.x() * (screenRect.width() - 1), corner.y() * (screenRect.height() - 1));
             const QPoint to = from + QPoint(corner.x() ? -size.width() : size.width(),
                                          corner.y() ? -size.height() : size.height());
-            drag(from, to);
-            m_region = spannedBy(from, to);
+            ASSERT_TRUE(beginAnew());
+            choose(from, to);
             EXPECT_TRUE(areToolbarsShown());
             EXPECT_TRUE(
                 screenRect.contains(toolbars().drawing()) && screenRect.contains(toolbars().output()));
-            m_desktop.input().chord({Key::Escape});
-            ASSERT_TRUE(waitForRest());
-            ASSERT_TRUE(openOverlay());
         }
     }
 }
 
 TEST_P(Toolbar, DisplayThatGoesTakesAnOpenRibbonAlong)
 {
-    choose(kRegion);
-    click(toolbars().tool(kText));
-    click(toolbars().fontSize(kText));
+    clickAt(toolbars().tool(kText));
+    clickAt(toolbars().fontSize(kText));
     ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("OTHER"), {0, 0, 800, 600}));
     EXPECT_TRUE(m_program.waitForNoOverlay());
     EXPECT_TRUE(waitForRest());
     EXPECT_TRUE(m_program.answers());
+}
+
+TEST_P(Toolbar, ADisplaySmallerThanTheToolbarsIsCapturedAllTheSame)
+{
+    m_desktop.input().chord({Key::Escape});
+    ASSERT_TRUE(waitForRest());
+    constexpr QRect display(0, 0, 300, 120);
+    m_desktop.input().moveTo(display.center());
+    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("SMALL"), display));
+    m_before = whole();
+    m_desktop.input().chord({Key::Super, Key::Digit1});
+    ASSERT_TRUE(waitUntil([this] { return m_desktop.server().isKeyboardTaken(); }));
+    const QPoint from(40, 30), to(220, 90);
+    choose(from, to);
+    for (const Key key : {Key::Digit2, Key::Digit1}) // ribbons that do not fit either
+        m_desktop.input().chord({key});
+    const QImage expected = m_before.copy(spannedBy(from, to));
+    EXPECT_TRUE(samePixels(pictureAfter({Key::Return}), expected));
 }
