@@ -115,14 +115,6 @@ protected:
     }
 };
 
-class RedactionAtScale2 : public Redaction {
-protected:
-    RedactionAtScale2()
-        : Redaction(2)
-    {
-    }
-};
-
 INSTANTIATE_TEST_SUITE_P(Scales, SecureRedaction, testing::Values(1, 2));
 
 }
@@ -146,19 +138,6 @@ TEST_F(Redaction, MosaicFollowsItsRuleAndTouchesNothingElse)
         m_manager.revokeDrawView();
         EXPECT_EQ(picture(), untouched());
     }
-}
-
-TEST_F(RedactionAtScale2, WidthsArePointsAndPicturesPixels)
-{
-    m_manager.setLineWidth(3);
-    draw("mosic", kFrom, kTo);
-    EXPECT_TRUE(isMosaic(area(), 6));
-    m_manager.undoDrawView();
-    draw("blur", kFrom, kTo);
-    const QImage blurred = picture().copy(area());
-    QImage expected = untouched().copy(area());
-    EXPECT_EQ(blurred, ZRGaussianBlur::GaussianBlurImageFrom(expected, 6));
-    EXPECT_EQ(withoutArea(picture()), withoutArea(untouched()));
 }
 
 TEST_F(Redaction, EndsAtTheRegionsEdge)

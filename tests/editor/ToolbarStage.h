@@ -92,6 +92,14 @@ protected:
         QTest::mouseClick(
             widget->window()->windowHandle(), Qt::LeftButton, {}, widget->mapTo(widget->window(), place));
     }
+    // The toolbar's item of that accessible name; null when there is none.
+    static ZRScreenShotToolbarItem* item(const QWidget& toolbar, const char* name)
+    {
+        for (auto* found : toolbar.findChildren<ZRScreenShotToolbarItem*>())
+            if (found->accessibleName() == QLatin1String(name))
+                return found;
+        return nullptr;
+    }
     // Lets go what is to be deleted later.
     static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
     template <class Widget>

@@ -111,30 +111,6 @@ TEST(ZRBasicCustomView, SelectedShapesMoveWithThePointer)
     }
 }
 
-TEST(ZRBasicCustomView, EndsOfLinesMoveAlone)
-{
-    struct Case {
-        ZRPoint press, to;
-        ZRPoint start, end;
-    };
-    const Case cases[] = {
-        {{12, 11}, {30, 40}, {30, 40}, {110, 60}},
-        {{109, 61}, {70, 90}, {10, 10}, {70, 90}},
-        {{60, 35}, {65, 25}, {15, 0}, {115, 50}},
-    };
-    for (const char* id : {"arrow", "line"}) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(testing::Message() << id << " pressed at " << c.press.x);
-            const Shape shape = drawn(id, {10, 10}, {110, 60});
-            ASSERT_TRUE(press(*shape, {60, 35})); // only a selected one lets its ends be moved
-            ASSERT_TRUE(press(*shape, c.press));
-            shape->mouseDragged(c.to);
-            EXPECT_EQ(shape->getPointWithIndex(0), c.start);
-            EXPECT_EQ(shape->getPointWithIndex(2), c.end);
-        }
-    }
-}
-
 TEST(ZRBasicCustomView, HandlesOfTheRectangleWorkAlwaysThoseOfTheEllipseWhenSelected)
 {
     const ZRPoint corner{110, 110};
@@ -170,24 +146,6 @@ TEST(ZRBasicCustomView, ReleaseMakesANegativeSizePositive)
     EXPECT_EQ(square->vctualRect(), (ZRRect{30, 10, 20, 30}));
 }
 
-TEST(ZRBasicCustomView, RevokeTakesBackOnePressAtATime)
-{
-    const Shape square = drawn("square", {10, 10}, {50, 50});
-    const ZRRect first = square->vctualRect();
-    square->revoke();
-    EXPECT_EQ(square->vctualRect(), first); // the press that made it stays
-    ASSERT_TRUE(press(*square, {30, 10 - 1}));
-    square->setVctualRect({20, 20, 40, 40});
-    ASSERT_TRUE(press(*square, {60, 40}));
-    square->setVctualRect({30, 30, 70, 70});
-    EXPECT_FALSE(square->isRemoveView());
-    square->revoke();
-    EXPECT_EQ(square->vctualRect(), (ZRRect{20, 20, 40, 40}));
-    square->revoke();
-    EXPECT_EQ(square->vctualRect(), first);
-    EXPECT_TRUE(square->isRemoveView());
-}
-
 TEST(ZRBasicCustomView, ExtremePointsKeepTheOtherCoordinateOfTheFirst)
 {
     const Shape stroke = drawn("customLine", {30, 40}, {10, 90});
@@ -196,17 +154,6 @@ TEST(ZRBasicCustomView, ExtremePointsKeepTheOtherCoordinateOfTheFirst)
     EXPECT_EQ(stroke->mostPointWithDirection(kLargestX), (ZRPoint{31, 42}));
     EXPECT_EQ(stroke->mostPointWithDirection(kLargestY), (ZRPoint{31, 92}));
     EXPECT_EQ(stroke->mostPointWithDirection(kSmallestY), (ZRPoint{31, 42}));
-}
-
-TEST(ZRBasicCustomView, ShiftMovesWhatIsDrawnAndWhatCanBeRevoked)
-{
-    const Shape square = drawn("square", {10, 10}, {50, 50});
-    ASSERT_TRUE(press(*square, {10, 50}));
-    square->mouseDragged({0, 60});
-    square->shift(-5, 100);
-    EXPECT_EQ(square->vctualRect(), (ZRRect{-5, 110, 50, 50}));
-    square->revoke();
-    EXPECT_EQ(square->vctualRect(), (ZRRect{5, 110, 40, 40}));
 }
 
 TEST(ZRBasicCustomView, HandShowsOverItsOwnColourOnly)

@@ -165,15 +165,6 @@ TEST_F(ZREditorViewTest, DragIsShownAsItGoes)
     EXPECT_EQ(shown(), dragged);
 }
 
-TEST_F(ZREditorViewTest, DrawsNothingBesideTheRegion)
-{
-    draw("customLine", {-60, -60}, {400, 300});
-    QImage image = shown();
-    EXPECT_NE(image.copy(regionPixels()), untouched());
-    QPainter(&image).drawImage(regionPixels().topLeft(), m_frame->image(), regionPixels());
-    EXPECT_EQ(image, m_frame->image());
-}
-
 TEST_F(ZREditorViewTest, MarksTravelWithAMovedRegionAndStayInAResizedOne)
 {
     draw("square", {60, 60}, {160, 140});

@@ -30,31 +30,6 @@ QImage stripes()
 
 }
 
-TEST(ZRGaussianBlur, IsHitAllOverButStaysWhereItIs)
-{
-    const auto area = drawn("mosic");
-    for (const ZRPoint press : {ZRPoint{35, 25}, {12, 12}, {57, 43}}) {
-        SCOPED_TRACE(press.x);
-        EXPECT_TRUE(area->isClickOn(press));
-        area->registerFocusOn();
-        area->mouseDown(press);
-        area->mouseDragged({90, 80});
-        area->mouseUp({90, 80});
-        EXPECT_EQ(area->vctualRect(), (ZRRect{10, 10, 50, 30}));
-    }
-    EXPECT_FALSE(area->isClickOn({70, 25}));
-}
-
-TEST(ZRGaussianBlur, HasABorderWhileItIsDrawnOrSelected)
-{
-    const auto area = ZRBasicCustomView::createNewEntityWithGratiffitID(QStringLiteral("blur"));
-    EXPECT_TRUE(area->record().needBorder);
-    area->setIsDrawDone();
-    EXPECT_FALSE(area->record().needBorder);
-    area->registerFocusOn();
-    EXPECT_TRUE(area->record().needBorder);
-}
-
 TEST(ZRGaussianBlur, IsCoveredAsItsToolSaysInPixels)
 {
     struct Case {
@@ -80,12 +55,4 @@ TEST(ZRGaussianBlur, IsCoveredAsItsToolSaysInPixels)
         EXPECT_TRUE(area.isMosic()); // whatever the tool
         EXPECT_EQ(area.coverOf(stripes(), c.scale), c.expected);
     }
-}
-
-TEST(ZRGaussianBlur, BlursThePictureItself)
-{
-    QImage image = stripes();
-    EXPECT_EQ(&ZRGaussianBlur::GaussianBlurImageFrom(image, 3), &image);
-    EXPECT_EQ(image, gaussianBlurred(stripes(), 3));
-    EXPECT_NE(image, stripes());
 }

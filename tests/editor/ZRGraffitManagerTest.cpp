@@ -118,22 +118,6 @@ TEST_F(ZRGraffitManagerTest, EraserTakesWhatItTouchesAndOnlyUndoBringsItBack)
     EXPECT_EQ(count(), 0U);
 }
 
-TEST_F(ZRGraffitManagerTest, DeleteKeyTakesTheSelectedOne)
-{
-    draw("square", {10, 10}, {100, 100});
-    draw("square", {150, 10}, {250, 100});
-    m_manager.deleteGraffitFromBackSpace();
-    EXPECT_EQ(count(), 2U);
-    click({10, 30});
-    m_manager.deleteGraffitFromBackSpace();
-    EXPECT_EQ(count(), 1U);
-    EXPECT_EQ(records()[0].bounds.x, 150);
-    m_manager.deleteGraffitFromBackSpace();
-    EXPECT_EQ(count(), 1U);
-    m_manager.undoDrawView();
-    EXPECT_EQ(count(), 2U);
-}
-
 TEST_F(ZRGraffitManagerTest, UndoTakesBackOnePressAtATimeThenTheAnnotation)
 {
     draw("square", {50, 50}, {100, 100});
@@ -226,24 +210,4 @@ TEST_F(ZRGraffitManagerTest, PointerSaysWhatAPressWouldDo)
     EXPECT_EQ(shapes.back(), Qt::ClosedHandCursor);
     view().mouseUp(at({50, 60}));
     EXPECT_EQ(shapes.back(), Qt::OpenHandCursor);
-}
-
-TEST_F(ZRGraffitManagerTest, FrozenPixelsComeFromTheMainManager)
-{
-    const ZRRect rect{50, 40, 20, 10};
-    EXPECT_EQ(m_manager.EditorRequest_getCurrentImageFromTheRegion(rect),
-        m_frame->crop(m_frame->display().localPixels(rect)));
-    m_manager.setMainManager(nullptr);
-    EXPECT_TRUE(m_manager.EditorRequest_getCurrentImageFromTheRegion(rect).isNull());
-}
-
-TEST_F(ZRGraffitManagerTest, EmptyTextBoxLeavesTheListAndTheSelection)
-{
-    draw("square", {50, 50}, {100, 100});
-    click({50, 60});
-    ZRBasicCustomView* entity = m_manager.isClickOnGraffit({50, 60});
-    view().clearSelectedEntity();
-    m_manager.EditorDelegate_deleteNullTextField(entity);
-    m_manager.deleteGraffitFromBackSpace();
-    EXPECT_EQ(count(), 0U);
 }

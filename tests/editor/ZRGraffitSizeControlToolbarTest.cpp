@@ -141,14 +141,6 @@ TEST_F(Ribbon, ChoosesFontSizesFromAMenuThatClosesWithIt)
     EXPECT_TRUE(visible<ZRCustomWindow>().empty());
 }
 
-TEST_F(Ribbon, SwitchesTheMosaic)
-{
-    open("mosic");
-    actions.taken();
-    click(visible<ZRScreenShotToolbarItem>().back());
-    EXPECT_EQ(actions.taken(), QStringList(QStringLiteral("mosaic")));
-}
-
 TEST_F(Ribbon, GoesWithItsOverlay)
 {
     auto other = std::make_unique<View>();

@@ -20,13 +20,7 @@ protected:
         toolbar.initialize();
         toolbar.showToolbar(true, {200, 300, 600, 400});
     }
-    ZRScreenShotToolbarItem* item(const char* name) const
-    {
-        for (auto* found : toolbar.findChildren<ZRScreenShotToolbarItem*>())
-            if (found->accessibleName() == QLatin1String(name))
-                return found;
-        return nullptr;
-    }
+    ZRScreenShotToolbarItem* item(const char* name) const { return ToolbarStage::item(toolbar, name); }
     // The share targets, which stand on the overlay beside the toolbar.
     std::vector<ZRScreenShotToolbarItem*> targets() const
     {

@@ -49,7 +49,7 @@ bool hasTooltip()
 
 }
 
-TEST(ZRScreenShotToolbarItem, IsHighlightedWhileItIsOn)
+TEST(ZRScreenShotToolbarItem, IsHighlightedWhileItIsOnAndBlankWithoutAPicture)
 {
     Stage stage;
     ZRScreenShotToolbarItem item;
@@ -62,6 +62,12 @@ TEST(ZRScreenShotToolbarItem, IsHighlightedWhileItIsOn)
     item.updateImage(QStringLiteral("copy"));
     EXPECT_FALSE(item.state());
     EXPECT_EQ(stage.picture(item).pixelColor(16, 2), off);
+    ZRScreenShotToolbarItem blank;
+    stage.add(blank);
+    item.updateImage(QStringLiteral("missing"));
+    EXPECT_EQ(stage.picture(item), stage.picture(blank));
+    item.sendAction();
+    EXPECT_EQ(stage.clicks, 1);
 }
 
 TEST(ZRScreenShotToolbarItem, KeepsItsHoverAfterAClickAsAColourItem)
