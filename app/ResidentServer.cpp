@@ -43,7 +43,8 @@ void ResidentServer::read(QLocalSocket& socket)
         return;
     }
     const auto request = ResidentLink::decodedRequest(socket.readLine(kLongestRequest));
+    const auto answer = [socket = QPointer<QLocalSocket>(&socket)](
+                            const Reply& reply) { send(socket, reply); };
     if (onRequest)
-        onRequest(request.value_or(VerbRequest{}),
-            [socket = QPointer<QLocalSocket>(&socket)](const Reply& reply) { send(socket, reply); });
+        onRequest(request.value_or(VerbRequest{}), answer, socket);
 }

@@ -14,9 +14,9 @@ class ResidentServer : public QObject {
 public:
     using Answer = std::function<void(const Reply&)>;
 
-    // Called with each request and a function to answer it with, once, now or later. One that cannot be read
-    // has an empty verb.
-    std::function<void(const VerbRequest& request, const Answer& answer)> onRequest;
+    // Called with each request, a function to answer it with, once, now or later, and an object that goes
+    // with the caller. A request that cannot be read has an empty verb.
+    std::function<void(const VerbRequest& request, const Answer& answer, QObject& caller)> onRequest;
 
     // The reason when the socket cannot be made; empty when it listens.
     QString listen();

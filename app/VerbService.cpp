@@ -57,28 +57,31 @@ VerbService::VerbService(AppDelegate& delegate)
         captureFinished(number, outcome);
     };
     manager.onPreempt = [this] { m_countdown.cancel(); };
-    m_countdown.onGone = [&manager] { manager.tools().windowHasGone(); };
+    m_countdown.onGone = [this, &manager] {
+        m_countdownWatch.reset();
+        manager.tools().windowHasGone();
+    };
     manager.tools().onEnded = [this](const ToolOutcome& outcome) {
         if (const auto waiting = std::exchange(m_tool, nullptr))
             waiting(outcome);
     };
 }
 
-void VerbService::handle(const VerbRequest& request, const ResidentServer::Answer& answer)
+void VerbService::handle(const Waiting& verb)
 {
-    if (request.verb == ResidentLink::healthVerb()) {
-        answer({ExitCode::kDone, refusals()});
+    if (verb.request.verb == ResidentLink::healthVerb()) {
+        verb.answer({ExitCode::kDone, refusals()});
     } else if (!m_delegate.hasBegun()) {
-        m_waiting.push_back({request, answer});
+        m_waiting.push_back(verb);
         m_delegate.endGreeting();
     } else {
-        carryOut({request, answer});
+        carryOut(verb);
     }
 }
 
 void VerbService::carryOut(const Waiting& verb)
 {
-    const auto& [request, answer] = verb;
+    const auto& [request, answer, caller] = verb;
     if (request.verb == ResidentLink::startVerb()) {
         m_delegate.openMenu();
         answer(replyToStart());
@@ -125,6 +128,10 @@ void VerbService::captureAfterCountdown(const Waiting& verb, const CaptureOrder&
         verb.request.delay, CaptureVerbs::displayOf(verb.request),
         [this, verb, order] { begin(verb, order); },
         [verb] { verb.answer(CaptureVerbs::replyTo(verb.request, {})); });
+    m_countdownWatch = std::make_unique<QObject>();
+    if (verb.caller)
+        QObject::connect(
+            verb.caller, &QObject::destroyed, m_countdownWatch.get(), [this] { m_countdown.cancel(); });
 }
 
 void VerbService::begin(const Waiting& verb, const CaptureOrder& order)

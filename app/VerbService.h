@@ -4,7 +4,10 @@
 #include "app/Countdown.h"
 #include "app/ResidentServer.h"
 
+#include <QPointer>
+
 #include <map>
+#include <memory>
 #include <vector>
 
 // Carries out the verbs that later starts of the program hand over. A capture's or a tool's verb is answered
@@ -15,13 +18,14 @@ public:
     // Borrows the delegate, which must outlive the service, and listens to its captures.
     explicit VerbService(AppDelegate& delegate);
 
-    void handle(const VerbRequest& request, const ResidentServer::Answer& answer);
-
-private:
     struct Waiting {
         VerbRequest request;
         ResidentServer::Answer answer;
+        QPointer<QObject> caller; // null once the caller has gone
     };
+    void handle(const Waiting& verb);
+
+private:
     void carryOut(const Waiting& verb);
     void capture(const Waiting& verb);
     void captureAfterCountdown(const Waiting& verb, const CaptureOrder& order);
@@ -34,6 +38,7 @@ private:
 
     AppDelegate& m_delegate;
     Countdown m_countdown;
+    std::unique_ptr<QObject> m_countdownWatch;      // of its caller, while it runs
     std::map<quint64, Waiting> m_captures;          // by the capture's number
     std::function<void(const ToolOutcome&)> m_tool; // who waits for the running tool; empty for nobody
     std::vector<Waiting> m_waiting;

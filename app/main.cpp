@@ -49,8 +49,9 @@ int runResident(int& argc, char** argv)
     AppDelegate delegate(platform);
     VerbService verbs(delegate);
     ResidentServer server;
-    server.onRequest = [&verbs](const VerbRequest& request, const ResidentServer::Answer& answer) {
-        verbs.handle(request, answer);
+    server.onRequest = [&verbs](const VerbRequest& request, const ResidentServer::Answer& answer,
+                           QObject& caller) {
+        verbs.handle({request, answer, &caller});
     };
     if (const QString reason = server.listen(); !reason.isEmpty())
         CommLog::log(QStringLiteral("verbs from the command line will not be heard: %1").arg(reason));
