@@ -44,12 +44,13 @@ protected:
         QApplication::sendEvent(editing()->textField(), &event);
     }
     // That run for the field, blinking what nobody sees.
-    static qsizetype timersOf(const QObject& field)
+    static qsizetype timersOf(ZRScreenShotTextField& field)
     {
-        const auto* dispatcher = QAbstractEventDispatcher::instance();
+        QObjectList objects = field.findChildren<QObject*>();
+        objects << &field;
         qsizetype count = 0;
-        for (QObject* object : field.findChildren<QObject*>() << const_cast<QObject*>(&field))
-            count += dispatcher->registeredTimers(object).size();
+        for (QObject* object : objects)
+            count += QAbstractEventDispatcher::instance()->registeredTimers(object).size();
         return count;
     }
     // What the user sees of the region.
