@@ -2,7 +2,7 @@
 # Tries the packages of scripts/package.sh where nothing else is: installs them in a new Debian, takes a region capture
 # with the installed program on a virtual desktop, removes them, and tells what they left. Needs root.
 #   packaging/linux/try-package.sh
-# MIRROR names another mirror of Debian; ROOT a folder of "debootstrap --variant=minbase bookworm" that is copied.
+# MIRROR names another mirror of Debian than apt's own; ROOT a folder of "debootstrap --variant=minbase bookworm" that is copied.
 set -eu
 cd "$(dirname "$0")/../.."
 [ "$(id -u)" -eq 0 ] || { echo "try-package.sh: needs root" >&2; exit 1; }
@@ -26,7 +26,8 @@ step "a new Debian"
 if [ -n "${ROOT-}" ]; then
     cp -a "$ROOT" "$root"
 else
-    debootstrap --variant=minbase bookworm "$root" "${MIRROR-http://deb.debian.org/debian}" >"$work/debootstrap.log" ||
+    mirror=${MIRROR-$(apt-get indextargets --format '$(REPO_URI)' 'Codename: bookworm' | head -n1)}
+    debootstrap --variant=minbase bookworm "$root" "$mirror" >"$work/debootstrap.log" ||
         { tail "$work/debootstrap.log"; exit 1; }
 fi
 inside apt-get update -q
