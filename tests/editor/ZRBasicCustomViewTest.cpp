@@ -156,6 +156,17 @@ TEST(ZRBasicCustomView, ExtremePointsKeepTheOtherCoordinateOfTheFirst)
     EXPECT_EQ(stroke->mostPointWithDirection(kSmallestY), (ZRPoint{31, 42}));
 }
 
+TEST(ZRBasicCustomView, ShiftMovesWhatIsDrawnAndWhatCanBeRevoked)
+{
+    const Shape square = drawn("square", {10, 10}, {50, 50});
+    ASSERT_TRUE(press(*square, {10, 50}));
+    square->mouseDragged({0, 60});
+    square->shift(-5, 100);
+    EXPECT_EQ(square->vctualRect(), (ZRRect{-5, 110, 50, 50}));
+    square->revoke();
+    EXPECT_EQ(square->vctualRect(), (ZRRect{5, 110, 40, 40}));
+}
+
 TEST(ZRBasicCustomView, HandShowsOverItsOwnColourOnly)
 {
     const Shape square = drawn("square", {10, 10}, {50, 50});
