@@ -234,7 +234,7 @@ void AppDelegate::fillStatusMenu()
 
 void AppDelegate::initContext()
 {
-    mScreenShotManager.setJournal(&m_journal);
+    mScreenShotManager.lastCapture().setJournal(&m_journal);
     mScreenShotManager.initContext();
     QTimer::singleShot(0, this, [this] { m_journal.watchAge(); });
 }

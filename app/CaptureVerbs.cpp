@@ -2,8 +2,8 @@
 
 #include "app/CommandLine.h"
 #include "capture/AreaRules.h"
+#include "capture/LastRegion.h"
 #include "capture/ToolScreen.h"
-#include "capture/ZRScreenShotManager.h"
 #include "commonutils/ToolFile.h"
 #include "platform/WindowServer.h"
 
@@ -30,7 +30,7 @@ Area wholeDisplay(const QString& name, QString* reason)
 Area lastRegion(QString* reason)
 {
     *reason = QStringLiteral("there is no last region, or its display is gone or has become smaller");
-    return ZRScreenShotManager::lastRegion();
+    return LastRegion::area();
 }
 
 // A picture smaller than what was asked for would be a surprise.

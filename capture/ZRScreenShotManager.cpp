@@ -1,9 +1,7 @@
 #include "capture/ZRScreenShotManager.h"
 
-#include "capture/AreaRules.h"
 #include "capture/ChromeRules.h"
 #include "capture/FreezeNotice.h"
-#include "capture/LastCapture.h"
 #include "capture/RegionRules.h"
 #include "capture/ScreenShotBackView.h"
 #include "capture/ToolScreen.h"
@@ -38,6 +36,7 @@ bool endsCapture(OverlayAction action)
 ZRScreenShotManager::ZRScreenShotManager(Platform& platform)
     : m_platform(platform)
     , m_tools(platform)
+    , m_lastCapture(*platform.displays)
 {
     mScreenShotController.setScreenshotManager(this);
     m_platform.frontKeeper->mayRaise = [this] {
@@ -123,50 +122,24 @@ void ZRScreenShotManager::startTool(ScreenShotTool tool)
     if (mIsCapturing)
         return;
     m_tools.cancel();
-    chooseScreen();
+    m_screens.chooseUnderPointer();
     m_tools.start(tool, currentScreen());
 }
 
 void ZRScreenShotManager::showsToolOn(const DisplayRecord& display)
 {
     setCurrentScreen(display);
-    storeScreens(display);
-}
-
-DisplayRecord ZRScreenShotManager::currentScreen()
-{
-    if (!_currentScreen)
-        _currentScreen = ToolScreen::getFirstScreen();
-    return _currentScreen.value_or(DisplayRecord{});
-}
-
-std::optional<ScreenInfo> ZRScreenShotManager::fistScreenInfo()
-{
-    if (!_fistScreenInfo)
-        _fistScreenInfo = ToolScreen::getScreenInfoWithScreen(ToolScreen::getFirstScreen());
-    return _fistScreenInfo;
-}
-
-// The display that holds the pointer; without one the current display stays.
-void ZRScreenShotManager::chooseScreen()
-{
-    if (const auto screen = ToolScreen::screenUnderPointer()) {
-        setCurrentScreen(*screen);
-        const ZRRect f = screen->frame;
-        CommLog::log(QString::asprintf(
-            "Start Screen Shot Current Main Screen frame (%f,%f,%f,%f)", f.x, f.y, f.width, f.height));
-    }
-    _fistScreenInfo = ToolScreen::getScreenInfoWithScreen(ToolScreen::getFirstScreen());
+    m_screens.store(display);
 }
 
 void ZRScreenShotManager::_startScreenShot()
 {
-    chooseScreen();
+    m_screens.chooseUnderPointer();
     mIsCapturing = true;
     m_isEnding = false;
     m_isEndedByKey = false;
     m_isMoving = false;
-    m_isPressed = false;
+    m_drag.release();
     m_target = {};
     ++m_captureNumber;
 }
@@ -205,14 +178,7 @@ void ZRScreenShotManager::showOverlay(const JournalEntry* last)
     if (!last && !m_platform.inputGrab->grabPointer(*mScreenShotEditorWindow->windowHandle()))
         CommLog::log(QStringLiteral("another program holds the pointer, the capture waits for it"));
     m_platform.frontKeeper->keepInFront(*mScreenShotEditorWindow->windowHandle());
-    storeScreens(m_frame->display());
-}
-
-// Once the display is frozen and shown: the disk is not on the way there.
-void ZRScreenShotManager::storeScreens(const DisplayRecord& current)
-{
-    AppSettings::setCurrentScreenInfo(ScreenInfo(current));
-    AppSettings::setFistScreenInfo(_fistScreenInfo);
+    m_screens.store(m_frame->display());
 }
 
 void ZRScreenShotManager::reopenScreenShot(const CaptureTarget& target)
@@ -220,8 +186,8 @@ void ZRScreenShotManager::reopenScreenShot(const CaptureTarget& target)
     _startScreenShot();
     m_target = target;
     ZRLocalNotificationCenter::defaultLocalNotificationCenter().leaveScreen();
-    QString reason = QStringLiteral("no capture is kept");
-    const auto entry = lastCapture(&reason);
+    QString reason;
+    const auto entry = m_lastCapture.entry(&reason);
     if (!entry)
         return failCapture(QStringLiteral("the last capture cannot be opened again: %1").arg(reason),
             u"Lumora:Capture:ReopenFailed");
@@ -229,26 +195,6 @@ void ZRScreenShotManager::reopenScreenShot(const CaptureTarget& target)
     setCurrentScreen(entry->display);
     m_frame = std::make_shared<const Frame>(entry->display, entry->picture);
     showOverlay(&*entry);
-}
-
-// On the display that it was made on or, where that has gone, on one that is as large.
-std::optional<JournalEntry> ZRScreenShotManager::lastCapture(QString* reason) const
-{
-    auto entry = m_journal ? m_journal->last(reason) : std::nullopt;
-    if (!entry)
-        return std::nullopt;
-    const auto displays = m_platform.displays->all();
-    const auto isAlike = [&entry](const DisplayRecord& display) {
-        return display.pixels.size() == entry->display.pixels.size() && display.scale == entry->display.scale;
-    };
-    auto found = std::find(displays.begin(), displays.end(), entry->display);
-    if (found == displays.end())
-        found = std::find_if(displays.begin(), displays.end(), isAlike);
-    *reason = QStringLiteral("no display is like the one that it was made on");
-    if (found == displays.end())
-        return std::nullopt;
-    entry->display = *found;
-    return entry;
 }
 
 void ZRScreenShotManager::showLastCapture(const JournalEntry& entry)
@@ -264,12 +210,8 @@ void ZRScreenShotManager::showLastCapture(const JournalEntry& entry)
 
 void ZRScreenShotManager::keepCapture()
 {
-    if (!m_journal || !m_frame || m_isEnding || !mScreenShotController.isRegionLocked() || !mGraffitManager)
-        return;
-    if (AppSettings::isLastCaptureKept())
-        m_journal->keep(LastCapture::entryOf(m_frame, mScreenShotController.regionRect(), *mGraffitManager));
-    else if (m_journal->hasEntry())
-        m_journal->forget();
+    if (m_frame && !m_isEnding && mScreenShotController.isRegionLocked() && mGraffitManager)
+        m_lastCapture.keep(m_frame, mScreenShotController.regionRect(), *mGraffitManager);
 }
 
 // Maps no window and so disturbs nobody's focus.
@@ -278,7 +220,7 @@ void ZRScreenShotManager::_StartFullScreenShot()
     if (!freezeCurrentScreen())
         return;
     mScreenShotController.saveFullScreenToLocal();
-    storeScreens(m_frame->display());
+    m_screens.store(m_frame->display());
     stopScreenShot();
 }
 
@@ -293,18 +235,8 @@ void ZRScreenShotManager::startAreaScreenShot(const CaptureOrder& order)
     if (!freezeCurrentScreen())
         return;
     mScreenShotController.saveAreaToLocal(area->pixels);
-    storeScreens(m_frame->display());
+    m_screens.store(m_frame->display());
     stopScreenShot();
-}
-
-std::optional<CaptureArea> ZRScreenShotManager::lastRegion()
-{
-    return AreaRules::restored(AppSettings::lastRegion(), ToolScreen::screens());
-}
-
-void ZRScreenShotManager::regionWasTaken(const CaptureArea& region)
-{
-    m_regionTaken = AreaRules::stored(region);
 }
 
 bool ZRScreenShotManager::freezeCurrentScreen()
@@ -382,8 +314,7 @@ void ZRScreenShotManager::mouseDown(const ZRMouseEvent& event)
         return;
     if (AppSettings::canUseWindowRecognize())
         _updateWindowInfoWithMouseLocation(event.location);
-    m_isPressed = true;
-    m_lastLocation = event.location;
+    m_drag.press(event.location);
     _beginRegionSelect(event.location);
     mScreenShotController.setIsDragView(false);
     if (mScreenShotController.isRegionLocked())
@@ -393,11 +324,11 @@ void ZRScreenShotManager::mouseDown(const ZRMouseEvent& event)
 
 void ZRScreenShotManager::mouseUp(const ZRMouseEvent& event)
 {
-    if (m_isEnding || !m_isPressed)
+    if (m_isEnding || !m_drag.isPressed())
         return;
-    if (event.location != m_lastLocation)
+    if (event.location != m_drag.lastLocation())
         mouseDragged(event);
-    m_isPressed = false;
+    m_drag.release();
     _endRegionSelect();
     if (mScreenShotController.isRegionLocked()) {
         mScreenShotController.setIsDragView(false);
@@ -409,9 +340,9 @@ void ZRScreenShotManager::mouseUp(const ZRMouseEvent& event)
 
 void ZRScreenShotManager::mouseDragged(const ZRMouseEvent& event)
 {
-    if (m_isEnding || !m_isPressed)
+    if (m_isEnding || !m_drag.isPressed())
         return;
-    m_lastLocation = event.location;
+    m_drag.follow(event.location);
     const ZRPoint point = RegionRules::cutToOverlay(event.location, overlaySize().width);
     _updateDragPoint(point);
     if (mScreenShotController.isRegionLocked())
@@ -483,7 +414,8 @@ void ZRScreenShotManager::moveToDisplayUnderPointer()
 {
     m_isMoving = false;
     const auto screen = ToolScreen::screenUnderPointer();
-    if (!screen || *screen == m_frame->display() || m_isPressed || mScreenShotController.isRegionLocked())
+    if (!screen || *screen == m_frame->display() || m_drag.isPressed() ||
+        mScreenShotController.isRegionLocked())
         return;
     setCurrentScreen(*screen);
     openOverlay();
@@ -584,7 +516,7 @@ void ZRScreenShotManager::changeSelectedItem()
 
 void ZRScreenShotManager::cancelEdite()
 {
-    mDirection = 0;
+    m_drag.letGo();
     clearFocusOnGraffitView();
     updateGraffitID({});
 }
@@ -669,9 +601,8 @@ void ZRScreenShotManager::_beginRegionSelect(ZRPoint point)
     AppSettings::setUseWindowRecognize(false);
     if (mScreenShotController.isUseGraffitInNeed())
         return;
-    mRegionBeginPoint = point;
-    mDirection = mScreenShotController.pointInResizeRect(point);
-    if (mDirection != RegionRules::kBody)
+    m_drag.takeHold(point, mScreenShotController.pointInResizeRect(point));
+    if (m_drag.isByHandle())
         mScreenShotController.regionLock();
 }
 
@@ -679,19 +610,18 @@ void ZRScreenShotManager::_updateDragPoint(ZRPoint point)
 {
     if (mScreenShotController.isUseGraffitInNeed())
         return;
+    const double scale = m_frame->display().scale;
+    if (!mScreenShotController.isRegionLocked())
+        return mScreenShotController.updateSelectedRegionRect(m_drag.spanned(point, scale));
     const ZRRect region = mScreenShotController.regionRect();
-    if (!mScreenShotController.isRegionLocked()) {
-        mScreenShotController.updateSelectedRegionRect(
-            RegionRules::snapped(RegionRules::spanned(mRegionBeginPoint, point), m_frame->display().scale));
-        return;
-    }
-    if (mDirection == RegionRules::kBody && !RegionRules::isWithinReach(region, mRegionBeginPoint))
+    if (!m_drag.holds(region))
         return;
     mScreenShotController.showToolbar(false);
-    mScreenShotController.updateSelectedRegionRect(changedRegion(region, point));
-    mRegionBeginPoint = point;
+    if (m_drag.isByHandle())
+        mScreenShotController.setIsDragView(true);
+    mScreenShotController.updateSelectedRegionRect(m_drag.pulled(region, point, overlaySize(), scale));
     adaptGraffitView();
-    if (mDirection != RegionRules::kBody)
+    if (m_drag.isByHandle())
         mScreenShotController.updateCurrentMagnifierRect(point, true);
 }
 
@@ -700,7 +630,7 @@ void ZRScreenShotManager::moveRegionByKey(const QKeyEvent& event)
 {
     const auto step = arrowStep(event);
     if (!step || !mScreenShotController.isRegionLocked() || mScreenShotController.isUseGraffitInNeed() ||
-        m_isPressed)
+        m_drag.isPressed())
         return;
     const DisplayRecord& display = m_frame->display();
     const QRect region = display.localPixels(mScreenShotController.regionRect());
@@ -716,18 +646,6 @@ void ZRScreenShotManager::adaptGraffitView()
 {
     if (mGraffitManager)
         mGraffitManager->updateGraffitView(mScreenShotController.regionRect().normalized());
-}
-
-// One step of moving or resizing a fixed region. Kept: the step is rounded to single precision.
-ZRRect ZRScreenShotManager::changedRegion(ZRRect region, ZRPoint point)
-{
-    const auto dx = static_cast<float>(point.x - mRegionBeginPoint.x);
-    const auto dy = static_cast<float>(point.y - mRegionBeginPoint.y);
-    const DisplayRecord& display = m_frame->display();
-    if (mDirection == RegionRules::kBody)
-        return RegionRules::snapped(RegionRules::moved(region, dx, dy, overlaySize()), display.scale);
-    mScreenShotController.setIsDragView(true);
-    return RegionRules::snapped(RegionRules::pulledByHandle(region, int(mDirection), dx, dy), display.scale);
 }
 
 ZRSize ZRScreenShotManager::overlaySize() const
@@ -765,10 +683,11 @@ Qt::CursorShape ZRScreenShotManager::pointerShape(ZRPoint point) const
         return Qt::BlankCursor;
     if (mScreenShotController.isUseGraffitInNeed())
         return Qt::ArrowCursor;
-    const ZRPoint taken = m_isPressed ? mRegionBeginPoint : point;
-    const int handle = m_isPressed ? int(mDirection) : mScreenShotController.pointInResizeRect(point);
+    const ZRRect region = mScreenShotController.regionRect();
+    if (m_drag.isPressed())
+        return ChromeRules::pointerShape(m_drag.handle(), m_drag.holds(region));
     return ChromeRules::pointerShape(
-        handle, RegionRules::isWithinReach(mScreenShotController.regionRect(), taken));
+        mScreenShotController.pointInResizeRect(point), RegionRules::isWithinReach(region, point));
 }
 
 void ZRScreenShotManager::stopScreenShot()
@@ -780,7 +699,7 @@ void ZRScreenShotManager::stopScreenShot()
     closeScreenShotWindow();
     ZRLocalNotificationCenter::defaultLocalNotificationCenter().comeBack();
     m_frame.reset();
-    AppSettings::setCurrentScreenInfo(std::nullopt);
+    m_screens.forgetStored();
     CommLog::log(QStringLiteral("stop screenShot"));
 }
 
@@ -822,12 +741,9 @@ void ZRScreenShotManager::clear()
 {
     mHotKey.clear();
     closeScreenShotWindow();
-    if (!m_regionTaken.isEmpty())
-        AppSettings::setLastRegion(std::exchange(m_regionTaken, {}));
     mIsCapturing = false;
-    mRegionBeginPoint = {};
     mScreenShotController.clear();
-    mDirection = 0;
+    m_drag = {};
     initContext();
 }
 
@@ -854,8 +770,7 @@ void ZRScreenShotManager::displaysChanged()
         CommLog::log(QStringLiteral("the captured display changed, the capture ends"));
         _cancelScreenshot();
     }
-    if (_currentScreen && !isThere(*_currentScreen))
-        _currentScreen.reset();
+    m_screens.keepAmong(displays);
     if (m_preparedWindow && !isThere(m_preparedWindow->screenDisplay()))
         m_preparedWindow.reset();
     m_tools.checkDisplay();

@@ -2,15 +2,16 @@
 
 #include "capture/CaptureOrder.h"
 #include "capture/CaptureOutcome.h"
+#include "capture/CaptureScreens.h"
+#include "capture/LastCapture.h"
 #include "capture/OverlayKeys.h"
 #include "capture/PointerTools.h"
+#include "capture/RegionDrag.h"
 #include "capture/WindowWalk.h"
 #include "capture/ZRScreenShotViewController.h"
 #include "customui/View.h"
 #include "editor/ZRGraffitManager.h"
-#include "output/CaptureJournal.h"
 #include "platform/Platform.h"
-#include "platform/ScreenInfo.h"
 
 #include <QKeyEvent>
 #include <QObject>
@@ -47,16 +48,10 @@ public:
     void reopenScreenShot(const CaptureTarget& target = {});
     // Where the running capture's picture goes when it is saved.
     const CaptureTarget& target() const { return m_target; }
-    // The region that was taken last, in this run of the program or the one before, while its display is
-    // there.
-    static std::optional<CaptureArea> lastRegion();
-    // A region's picture was taken; remembered once the capture is over.
-    void regionWasTaken(const CaptureArea& region);
     // Called before any capture or tool starts, and when one is to be cancelled: whoever waits for a moment
     // to start one gives way.
     std::function<void()> onPreempt;
-    // Where captures are kept for that, borrowed; null for nowhere.
-    void setJournal(CaptureJournal* journal) { m_journal = journal; }
+    LastCapture& lastCapture() { return m_lastCapture; }
     PointerTools& tools() { return m_tools; }
     // From the start of a capture until 0.3 s after its end.
     bool isCapturing() const { return mIsCapturing; }
@@ -66,10 +61,10 @@ public:
     std::function<void(quint64 capture, const CaptureOutcome& outcome)> onFinished;
 
     void setScreenShotHotKey(const QString& hotKey) { mHotKey = hotKey; }
-    void setCurrentScreen(const DisplayRecord& display) { _currentScreen = display; }
-    // The main display until one was set; not valid when there is none.
-    DisplayRecord currentScreen();
-    std::optional<ScreenInfo> fistScreenInfo();
+    void setCurrentScreen(const DisplayRecord& display) { m_screens.setCurrent(display); }
+    // As CaptureScreens has them.
+    DisplayRecord currentScreen() { return m_screens.current(); }
+    std::optional<ScreenInfo> fistScreenInfo() { return m_screens.first(); }
     // What is on the screen now, front to back.
     std::vector<WindowRecord> GetWindowInfos() const;
     // The frozen display of the running capture; null outside of one.
@@ -127,7 +122,6 @@ private:
     void createNewWindowInfoList();
     void startTool(ScreenShotTool tool);
     void showsToolOn(const DisplayRecord& display);
-    void chooseScreen();
     void _startScreenShot();
     void _StartRegionScreenShot();
     void _StartFullScreenShot();
@@ -137,10 +131,8 @@ private:
         CaptureOutcome::Kind kind = CaptureOutcome::Kind::Failed);
     void openOverlay();
     void showOverlay(const JournalEntry* last);
-    std::optional<JournalEntry> lastCapture(QString* reason) const;
     void showLastCapture(const JournalEntry& entry);
     void keepCapture();
-    void storeScreens(const DisplayRecord& current);
     std::unique_ptr<ZRStaticScreenShotWindow> initScreenShotEditorWindow();
     void prepareOverlay();
     void initGraffitManager();
@@ -159,7 +151,6 @@ private:
     void _beginRegionSelect(ZRPoint point);
     void _updateDragPoint(ZRPoint point);
     void _endRegionSelect();
-    ZRRect changedRegion(ZRRect region, ZRPoint point);
     void moveRegionByKey(const QKeyEvent& event);
     void updateCursor(ZRPoint point);
     void setCursor(Qt::CursorShape shape);
@@ -171,20 +162,16 @@ private:
 
     Platform& m_platform;
     PointerTools m_tools;
-    CaptureJournal* m_journal = nullptr;
+    CaptureScreens m_screens;
+    LastCapture m_lastCapture;
     std::unique_ptr<ZRGraffitManager> mGraffitManager; // the running region capture's
     CaptureTarget m_target;                            // of the running capture
-    QString m_regionTaken;                             // to be remembered; empty for none
     QString mHotKey;
     bool mIsCapturing = false;
     ZRScreenShotViewController mScreenShotController;
-    ZRPoint mRegionBeginPoint;
-    ZRPoint m_lastLocation;  // of the press or the drag
-    unsigned mDirection = 0; // the handle that was pressed, 0 for the body
+    RegionDrag m_drag;
     std::unique_ptr<ZRStaticScreenShotWindow> mScreenShotEditorWindow;
     std::vector<WindowRecord> windowInfos; // of the capture's beginning, the smallest first
-    std::optional<ScreenInfo> _fistScreenInfo;
-    std::optional<DisplayRecord> _currentScreen;
     std::unique_ptr<ZRStaticScreenShotWindow> m_preparedWindow;
     std::shared_ptr<const Frame> m_frame;
     std::vector<ZRRect> m_candidates; // the windows that recognition may pick on the frozen display
@@ -192,6 +179,5 @@ private:
     quint64 m_captureNumber = 0;
     bool m_isEnding = false;
     bool m_isMoving = false;     // the overlay is about to follow the pointer
-    bool m_isPressed = false;    // a drag belongs to the overlay that its press began on
     bool m_isEndedByKey = false; // the ending key is still down
 };

@@ -79,6 +79,7 @@ void ZRScreenShotViewController::clear()
     }
     mIsRegionLocked = false;
     AppSettings::setUseWindowRecognize(true);
+    m_lastRegion.write();
     for (auto& step : std::exchange(m_afterCapture, {}))
         QMetaObject::invokeMethod(this, std::move(step), Qt::QueuedConnection);
 }
@@ -299,7 +300,7 @@ Picture ZRScreenShotViewController::takePicture()
     mManager->clearFocusOnGraffitView(); // what is being typed belongs to the picture
     Picture picture = createImage(createRegionImage());
     if (!picture.image.isNull())
-        mManager->regionWasTaken({mManager->frame()->display(), regionPixels()});
+        m_lastRegion.wasTaken({mManager->frame()->display(), regionPixels()});
     mManager->beginEnding();
     return picture;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/CaptureOutcome.h"
+#include "capture/LastRegion.h"
 #include "capture/PictureJobs.h"
 #include "capture/PixelSample.h"
 #include "editor/ScreenshotActions.h"
@@ -162,6 +163,7 @@ private:
     QPointer<ZRScreenShotGraffitToolbar> mGraffitToolbar;
     QPointer<ZRScreenShotShareToolbar> mShareToolbar;
     PixelSample m_sample; // what the magnifier shows
+    LastRegion m_lastRegion;
     PictureJobs m_jobs;
     std::vector<std::unique_ptr<ZRImageShowWindow>> imageWindowLists; // pinned and not closed yet
     std::vector<std::function<void()>> m_afterCapture;
