@@ -21,11 +21,9 @@
 #include "output/ZRBasicLocalNotification.h"
 #include "output/ZRImageShowWindow.h"
 #include "output/ZRLocalNotificationCenter.h"
-#include "output/ZRScreenshotUploadManager.h"
 #include "settings/AppSettings.h"
 
 #include <QClipboard>
-#include <QFileInfo>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -33,15 +31,17 @@
 
 namespace {
 
-constexpr QStringView kSaveFailed = u"Comm:FaildSaveFile";
-constexpr QStringView kCopyFailed = u"Comm:FaildCopyToClipboard";
 const QString kIcon = QStringLiteral("logo");
-const QString kNothingToSave = QStringLiteral("the region holds no part of the display");
 constexpr int kNominalResolution = 16; // the quality setting that asks for one pixel a point
 
 }
 
-ZRScreenShotViewController::ZRScreenShotViewController() = default;
+ZRScreenShotViewController::ZRScreenShotViewController()
+{
+    m_delivery.isCapturing = [this] { return mManager->isCapturing(); };
+    m_delivery.onReveal = [this](const QString& path) { mManager->revealFile(path); };
+}
+
 ZRScreenShotViewController::~ZRScreenShotViewController() = default;
 
 void ZRScreenShotViewController::setOverlay(ZRStaticScreenShotWindow& overlay)
@@ -80,8 +80,7 @@ void ZRScreenShotViewController::clear()
     mIsRegionLocked = false;
     AppSettings::setUseWindowRecognize(true);
     m_lastRegion.write();
-    for (auto& step : std::exchange(m_afterCapture, {}))
-        QMetaObject::invokeMethod(this, std::move(step), Qt::QueuedConnection);
+    m_delivery.captureIsGone();
 }
 
 ZRRect ZRScreenShotViewController::regionRect() const
@@ -283,7 +282,8 @@ void ZRScreenShotViewController::_saveRegionShotToLocal()
 {
     if (!mIsRegionLocked)
         return;
-    deliver(takePicture(), reportOfCapture());
+    const auto report = reportOfCapture();
+    m_delivery.deliver(takePicture(), mManager->target(), report);
     _stopScreenShot();
 }
 
@@ -291,7 +291,8 @@ void ZRScreenShotViewController::_saveToPasteboard()
 {
     if (!mIsRegionLocked)
         return;
-    writeToPasteboard(takePicture(), reportOfCapture());
+    const auto report = reportOfCapture();
+    m_delivery.copy(takePicture(), report);
     _stopScreenShot();
 }
 
@@ -314,7 +315,7 @@ void ZRScreenShotViewController::saveAreaToLocal(const QRect& pixelsOnDisplay)
 {
     Picture picture = createImage(mManager->frame()->crop(pixelsOnDisplay));
     mManager->beginEnding();
-    deliver(std::move(picture), reportOfCapture(pixelsOnDisplay));
+    m_delivery.deliver(std::move(picture), mManager->target(), reportOfCapture(pixelsOnDisplay));
 }
 
 void ZRScreenShotViewController::cancelRegionScreenShot()
@@ -352,75 +353,13 @@ QRect ZRScreenShotViewController::regionPixels() const
     return frame.display().localPixels(regionRect()) & frame.image().rect();
 }
 
-ZRScreenShotViewController::Report ZRScreenShotViewController::reportOfCapture(
-    const QRect& pixelsOnDisplay) const
+PictureDelivery::Report ZRScreenShotViewController::reportOfCapture(const QRect& pixelsOnDisplay) const
 {
     const CaptureArea area{mManager->frame()->display(), pixelsOnDisplay};
     return [manager = mManager, capture = mManager->captureNumber(), area](CaptureOutcome outcome) {
         outcome.area = area;
         manager->reportOutcome(capture, outcome);
     };
-}
-
-void ZRScreenShotViewController::deliver(Picture picture, const Report& report)
-{
-    const CaptureTarget& target = mManager->target();
-    switch (target.kind) {
-    case CaptureTarget::Kind::SaveFolder:
-        return saveImageToFile(std::move(picture), report, AppSettings::screenshotSavePath());
-    case CaptureTarget::Kind::File:
-        return saveImageToFile(std::move(picture), report, target.path);
-    case CaptureTarget::Kind::Clipboard:
-        return writeToPasteboard(std::move(picture), report);
-    case CaptureTarget::Kind::Caller:
-        return handToCaller(std::move(picture), report);
-    }
-}
-
-void ZRScreenShotViewController::saveImageToFile(
-    Picture picture, const Report& report, const QString& path, Tell tell)
-{
-    if (picture.image.isNull())
-        return fail(report, kSaveFailed, kNothingToSave);
-    CommLog::log(QStringLiteral("screenshot save path--->%1").arg(path));
-    const QSize size = picture.image.size();
-    const QString imageType = QLatin1Char('.') + QFileInfo(path).suffix().toLower();
-    m_jobs.save(
-        std::move(picture), path, imageType, [this, report, path, tell, size](const QString& failure) {
-            if (!failure.isEmpty())
-                return fail(report, kSaveFailed, failure, CaptureOutcome::Kind::Unwritable);
-            CommLog::log(QStringLiteral("save image success"));
-            (this->*tell)(path);
-            report({.kind = CaptureOutcome::Kind::Saved, .path = path, .size = size});
-        });
-}
-
-// Nobody but the caller hears of it.
-void ZRScreenShotViewController::handToCaller(Picture picture, const Report& report)
-{
-    if (picture.image.isNull())
-        return fail(report, kSaveFailed, kNothingToSave);
-    const QSize size = picture.image.size();
-    m_jobs.encode(std::move(picture), [this, report, size](const QByteArray& png) {
-        if (png.isEmpty())
-            return fail(report, kSaveFailed, QStringLiteral("there is not enough memory"));
-        CommLog::log(QStringLiteral("hand image data to the caller"));
-        report({.kind = CaptureOutcome::Kind::Encoded, .png = png, .size = size});
-    });
-}
-
-void ZRScreenShotViewController::writeToPasteboard(Picture picture, const Report& report)
-{
-    if (picture.image.isNull())
-        return fail(report, kSaveFailed, kNothingToSave);
-    const QSize size = picture.image.size();
-    m_jobs.copy(std::move(picture), [this, report, size](const QString& failure) {
-        if (!failure.isEmpty())
-            return fail(report, kCopyFailed, failure);
-        CommLog::log(QStringLiteral("write image data to pasteboard"));
-        tellOfCopied();
-        report({.kind = CaptureOutcome::Kind::Copied, .size = size});
-    });
 }
 
 void ZRScreenShotViewController::uploadRegionScreenshotToCloudFromhotKey()
@@ -441,61 +380,21 @@ void ZRScreenShotViewController::asyncUploadScreenShotToCloud(UploadRules::Share
 {
     if (!mIsRegionLocked)
         return;
-    const Report report = reportOfCapture();
-    Picture picture = takePicture();
-    if (!ZRScreenshotUploadManager::hasEndpoint())
-        saveImageToFile(std::move(picture), report, AppSettings::screenshotSavePath(),
-            &ZRScreenShotViewController::tellOfMissingEndpoint);
-    else
-        upload(std::move(picture), report, shareType);
+    const auto report = reportOfCapture();
+    m_delivery.upload(takePicture(), report, shareType);
     _stopScreenShot();
-}
-
-void ZRScreenShotViewController::upload(
-    Picture picture, const Report& report, UploadRules::ShareType shareType)
-{
-    if (picture.image.isNull())
-        return fail(report, kSaveFailed, kNothingToSave);
-    ZRScreenshotUploadManager& manager = ZRScreenshotUploadManager::defaultManager();
-    const QString path = UploadRules::temporaryPath(AppSettings::screenshotSavePath());
-    const bool isFormShown = AppSettings::isNeedShowUploadToCloudView();
-    const QSize size = picture.image.size();
-    manager.journal().add(path);
-    m_jobs.save(std::move(picture), path, QStringLiteral(".jpg"),
-        [this, &manager, report, path, shareType, isFormShown, size](const QString& failure) {
-            if (!failure.isEmpty()) {
-                manager.journal().remove(path);
-                return fail(report, kSaveFailed, failure);
-            }
-            report({.kind = CaptureOutcome::Kind::Uploading, .size = size});
-            whenCaptureIsGone([&manager, path, shareType, isFormShown] {
-                if (isFormShown)
-                    manager.askAndUpload(path);
-                else
-                    manager.uploadScreenShotToCloud(path, {}, {}, {}, shareType);
-            });
-        });
-}
-
-// Windows that take keys and notices come after the overlay and its hold on the keyboard.
-void ZRScreenShotViewController::whenCaptureIsGone(std::function<void()> step)
-{
-    if (mManager->isCapturing())
-        m_afterCapture.push_back(std::move(step));
-    else
-        step();
 }
 
 void ZRScreenShotViewController::screenshotShowImageWindow()
 {
     if (!mIsRegionLocked)
         return;
-    const Report report = reportOfCapture();
+    const auto report = reportOfCapture();
     const DisplayRecord display = mManager->frame()->display();
     const PinRules::Place place = PinRules::placeOf(display, regionRect());
     const Picture picture = takePicture();
     if (picture.image.isNull()) {
-        fail(report, kSaveFailed, kNothingToSave);
+        m_delivery.refuseEmpty(report);
     } else {
         showImageWindow(picture.image.copy(), place, display);
         report({.kind = CaptureOutcome::Kind::Pinned, .size = picture.image.size()});
@@ -511,10 +410,8 @@ void ZRScreenShotViewController::showImageWindow(
     auto window = ZRImageShowWindow::loadForNib();
     window->backgroundWithImage(image);
     window->setPlace(place, screen ? screen->geometry().topLeft() : QPoint());
-    window->onCopy = [this, ignored](const QImage& pinned) { writeToPasteboard({pinned, {}}, ignored); };
-    window->onSave = [this, ignored](const QImage& pinned) {
-        saveImageToFile({pinned, {}}, ignored, AppSettings::screenshotSavePath());
-    };
+    window->onCopy = [this, ignored](const QImage& pinned) { m_delivery.copy({pinned, {}}, ignored); };
+    window->onSave = [this, ignored](const QImage& pinned) { m_delivery.save({pinned, {}}, ignored); };
     window->onClose = [this, pinned = window.get()] { forget(pinned); };
     window->orderFront();
     imageWindowLists.push_back(std::move(window));
@@ -529,39 +426,6 @@ void ZRScreenShotViewController::forget(const ZRImageShowWindow* imageWindow)
         return;
     found->release()->deleteLater();
     imageWindowLists.erase(found);
-}
-
-// `titleKey` is the text that the user reads.
-void ZRScreenShotViewController::fail(
-    const Report& report, QStringView titleKey, const QString& reason, CaptureOutcome::Kind kind)
-{
-    const bool isCopy = titleKey == kCopyFailed;
-    CommLog::log(QStringLiteral("the picture could not be %1: %2")
-                     .arg(isCopy ? QStringLiteral("copied") : QStringLiteral("saved"), reason));
-    postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(titleKey), {});
-    report({.kind = kind, .reason = reason});
-}
-
-void ZRScreenShotViewController::tellOfSaved(const QString& path)
-{
-    const QString message = AppSettings::getXMLValueForKeywords(u"Comm:ScreenshotSavedTips");
-    postLocalNotificationWithMessageTitle(AppSettings::getXMLValueForKeywords(u"Comm:SuccSavePicture"),
-        QString(message).replace(QLatin1String("[#FilePath#]"), path),
-        [this, path] { mManager->revealFile(path); });
-}
-
-void ZRScreenShotViewController::tellOfMissingEndpoint(const QString& path)
-{
-    tellOfSaved(path);
-    postLocalNotificationWithMessageTitle(ZRScreenshotUploadManager::titleOfUploads(),
-        AppSettings::getXMLValueForKeywords(u"Lumora:Upload:EndpointMissing"));
-}
-
-void ZRScreenShotViewController::tellOfCopied()
-{
-    const QString title = AppSettings::getXMLValueForKeywords(u"Comm:SuccSavePicture");
-    postLocalNotificationWithMessageTitle(title.isNull() ? QStringLiteral("Save to finish") : title,
-        AppSettings::getXMLValueForKeywords(u"Comm:ScreenshotCopiedTips"));
 }
 
 void ZRScreenShotViewController::postLocalNotificationWithMessageTitle(

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "capture/CaptureOutcome.h"
 #include "capture/LastRegion.h"
-#include "capture/PictureJobs.h"
+#include "capture/PictureDelivery.h"
 #include "capture/PixelSample.h"
 #include "editor/ScreenshotActions.h"
 #include "geometry/ZRRect.h"
 #include "output/PinRules.h"
-#include "output/UploadRules.h"
 
 #include <QObject>
 #include <QPointer>
@@ -27,7 +25,7 @@ class ZRStaticScreenShotWindow;
 class ZRScreenshotCursorView;
 
 // What the overlay shows over the frozen display, the state of the selected region, what the toolbars start,
-// and the way of a fixed region to a file. One for the program's life; views and toolbars are the running
+// and the picture of a fixed region. One for the program's life; views and toolbars are the running
 // capture's. Overlay points.
 class ZRScreenShotViewController : public QObject, public ScreenshotActions {
 public:
@@ -102,8 +100,7 @@ public:
     // Each output action works on a fixed region only and ends the capture.
     void saveRegionShotToLocalFromhotKey();
     void saveToPasteboardFromhotKey();
-    // Asks for a title and a password and uploads the picture. Without an address to upload to it is saved,
-    // and a notice tells of the address.
+    // Asks for a title and a password and uploads the picture.
     void uploadRegionScreenshotToCloudFromhotKey();
     // Saves the whole display, or a part of it; needs no overlay.
     void saveFullScreenToLocal();
@@ -130,30 +127,14 @@ private:
     QImage createRegionImage() const;
     // The region's device pixels, cut at the display's edges.
     QRect regionPixels() const;
-    using Report = std::function<void(CaptureOutcome)>;
     // Answers the running capture, also after its end; with what its picture shows where there is one.
-    Report reportOfCapture() const { return reportOfCapture(regionPixels()); }
-    Report reportOfCapture(const QRect& pixelsOnDisplay) const;
-    // To where the running capture's pictures go.
-    void deliver(Picture picture, const Report& report);
-    void handToCaller(Picture picture, const Report& report);
-    // The path's extension names the type.
-    using Tell = void (ZRScreenShotViewController::*)(const QString& path);
-    void saveImageToFile(Picture picture, const Report& report, const QString& path,
-        Tell tell = &ZRScreenShotViewController::tellOfSaved);
-    void writeToPasteboard(Picture picture, const Report& report);
+    PictureDelivery::Report reportOfCapture() const { return reportOfCapture(regionPixels()); }
+    PictureDelivery::Report reportOfCapture(const QRect& pixelsOnDisplay) const;
     void showImageWindow(const QImage& image, const PinRules::Place& place, const DisplayRecord& display);
     void forget(const ZRImageShowWindow* imageWindow);
-    void fail(const Report& report, QStringView titleKey, const QString& reason,
-        CaptureOutcome::Kind kind = CaptureOutcome::Kind::Failed);
-    void tellOfSaved(const QString& path);
-    void tellOfCopied();
-    void tellOfMissingEndpoint(const QString& path);
     // Uploads without a form and opens the link for a network.
     void share(UploadRules::ShareType type);
     void asyncUploadScreenShotToCloud(UploadRules::ShareType shareType);
-    void upload(Picture picture, const Report& report, UploadRules::ShareType shareType);
-    void whenCaptureIsGone(std::function<void()> step);
 
     ZRScreenShotManager* mManager = nullptr;
     QPointer<ScreenShotBackView> m_view;
@@ -164,9 +145,8 @@ private:
     QPointer<ZRScreenShotShareToolbar> mShareToolbar;
     PixelSample m_sample; // what the magnifier shows
     LastRegion m_lastRegion;
-    PictureJobs m_jobs;
+    PictureDelivery m_delivery;
     std::vector<std::unique_ptr<ZRImageShowWindow>> imageWindowLists; // pinned and not closed yet
-    std::vector<std::function<void()>> m_afterCapture;
     bool mIsRegionLocked = false;
     bool mIsResizing = false;
     bool _isDragView = false;
