@@ -107,6 +107,7 @@ ZRScreenshotUploadManager::ZRScreenshotUploadManager(const QString& journalPath,
         [this](const QVariantMap& info) { notificationUploadingUpdateProgress(info); });
     center.addObserver(*this, QString::fromUtf16(kFinished),
         [this](const QVariantMap& info) { notificationUplaodeFinished(info); });
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &ZRScreenshotUploadManager::programEnds);
 }
 
 std::unique_ptr<ZRScreenshotUploadingView> ZRScreenshotUploadManager::GetUploadingView()
@@ -356,6 +357,12 @@ void ZRScreenshotUploadManager::forget(const QString& path)
     const auto record = mUploadMacthList.extract(path);
     if (record && record.mapped().Uploader)
         record.mapped().Uploader->deleteLater();
+}
+
+void ZRScreenshotUploadManager::programEnds()
+{
+    for (const auto& [path, record] : mUploadMacthList)
+        delete record.Uploader.data();
 }
 
 void ZRScreenshotUploadManager::notificationUploadingUpdateProgress(const QVariantMap& info)

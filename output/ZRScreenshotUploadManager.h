@@ -65,6 +65,8 @@ private:
     void askRetry(const UploadRecord& record, const QString& retryTitle);
     void giveUp(const QString& path);
     void forget(const QString& path);
+    // Breaks off what is under way while the network can still be put away; the journal keeps the pictures.
+    void programEnds();
     void notificationUploadingUpdateProgress(const QVariantMap& info);
     void notificationUplaodeFinished(const QVariantMap& info);
 
