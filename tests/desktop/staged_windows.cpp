@@ -42,7 +42,7 @@ void stageProgress()
 // A verb's own run is no QApplication; the launch is over when the loop begins.
 void stage()
 {
-    QTimer::singleShot(0, qApp, [] {
+    QTimer::singleShot(0, QCoreApplication::instance(), [] {
         if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
             return;
         const QString words = qEnvironmentVariable("STAGED_WINDOWS");
