@@ -3,12 +3,12 @@
 #include "bench/desktop/KeyProbe.h"
 #include "bench/desktop/Stopwatch.h"
 
-Resident::Resident(
-    Desktop& desktop, const QString& program, const QStringList& arguments, Key hotKey, int scale)
+Resident::Resident(Desktop& desktop, const QString& program, const QStringList& arguments, Key hotKey,
+    const QProcessEnvironment& variables)
     : m_hotKey(hotKey)
 {
     QProcessEnvironment environment = desktop.environment();
-    environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
+    environment.insert(variables);
     const Stopwatch watch;
     m_process = startProcess(program, arguments, environment,
         {QProcess::nullDevice(), desktop.home() + QStringLiteral("/residents.txt")});

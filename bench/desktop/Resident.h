@@ -5,9 +5,10 @@
 // A program that stays and waits for a hot key, from its start until the object goes.
 class Resident {
 public:
-    // Returns when its hot key is live, or after five seconds. `scale` is the whole factor that it draws at.
-    Resident(
-        Desktop& desktop, const QString& program, const QStringList& arguments, Key hotKey, int scale = 1);
+    // Returns when its hot key is live, or after five seconds. Its environment is the desktop's and
+    // `variables`.
+    Resident(Desktop& desktop, const QString& program, const QStringList& arguments, Key hotKey,
+        const QProcessEnvironment& variables = {});
     ~Resident();
 
     Key hotKey() const { return m_hotKey; }

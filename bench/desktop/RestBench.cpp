@@ -2,11 +2,15 @@
 #include "bench/desktop/ProcessFacts.h"
 #include "bench/desktop/Stopwatch.h"
 #include "bench/desktop/Subjects.h"
+#include "output/NotificationRules.h"
 
 namespace {
 
+// A notice that shows is no rest: waits until the last one has gone, and for what is done when all is quiet.
 void comeToRest()
 {
+    std::this_thread::sleep_for(std::chrono::milliseconds(
+        NotificationRules::kShownMs + NotificationRules::kShownLongerMs + NotificationRules::kSlideMs));
     std::this_thread::sleep_for(std::chrono::seconds(2));
 }
 

@@ -11,6 +11,18 @@ QString position(Key key)
     return QString::number(int(key));
 }
 
+QProcessEnvironment variable(const char* name, const QString& value)
+{
+    QProcessEnvironment variables;
+    variables.insert(QLatin1String(name), value);
+    return variables;
+}
+
+QProcessEnvironment drawnAt(int scale)
+{
+    return variable("QT_SCALE_FACTOR", QString::number(scale));
+}
+
 }
 
 QString Subjects::program()
@@ -20,12 +32,18 @@ QString Subjects::program()
 
 Resident Subjects::ours(Desktop& desktop, int scale)
 {
-    return {desktop, program(), {}, kFullScreenKey, scale};
+    return {desktop, program(), {}, kFullScreenKey, drawnAt(scale)};
+}
+
+Resident Subjects::oursWithoutNotices(Desktop& desktop)
+{
+    return {desktop, program(), {}, kFullScreenKey, variable("LUMORA_NOTICES", QStringLiteral("off"))};
 }
 
 Resident Subjects::overlayFloor(Desktop& desktop, int scale)
 {
-    return {desktop, QStringLiteral(FLOOR_OVERLAY), {position(kOverlayFloorKey)}, kOverlayFloorKey, scale};
+    return {desktop, QStringLiteral(FLOOR_OVERLAY), {position(kOverlayFloorKey)}, kOverlayFloorKey,
+        drawnAt(scale)};
 }
 
 Resident Subjects::hoverFloor(Desktop& desktop, const QList<QRect>& bright)

@@ -10,7 +10,9 @@ constexpr Key kRegionKey = Key::Digit1;
 constexpr Key kFullScreenKey = Key::Digit2;
 
 QString program();
+// `scale` is the whole factor that it draws at.
 Resident ours(Desktop& desktop, int scale = 1);
+Resident oursWithoutNotices(Desktop& desktop);
 Resident overlayFloor(Desktop& desktop, int scale = 1);
 // `bright` are the rectangles that become bright under the pointer.
 Resident hoverFloor(Desktop& desktop, const QList<QRect>& bright);

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr qsizetype kMostSpareBytes = qsizetype(20) << 20;
+constexpr qsizetype kMostSpareBytes = qsizetype(14) << 20;
 
 }
 
