@@ -167,6 +167,8 @@ void ZRNotificationWindow::slideOn()
 {
     const double part = NotificationRules::eased(double(movedFor()) / NotificationRules::kSlideMs);
     standAt(NotificationRules::between(m_from, m_target, part));
+    if (part >= 1)
+        update(); // what changed beyond the shape has not been painted
     goOnWith(&ZRNotificationWindow::slideOn);
 }
 

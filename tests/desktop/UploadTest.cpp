@@ -131,6 +131,29 @@ protected:
         return difference < 12 ? testing::AssertionSuccess()
                                : testing::AssertionFailure() << "they differ by " << difference;
     }
+    // How much of the notice's bar is filled; 0 without one.
+    double shownProgress() const
+    {
+        const QImage row =
+            m_desktop.server().pixels({QPoint(m_before.width() - 380, 37 + 41), QSize(380, 1)});
+        int done = 0, rest = 0;
+        for (int x = 0; x < row.width(); ++x) {
+            done += row.pixelColor(x, 0) == QColor(42, 123, 244);
+            rest += row.pixelColor(x, 0) == QColor(237, 229, 253);
+        }
+        return done + rest == 0 ? 0 : double(done) / (done + rest);
+    }
+    // Once it does not move any more.
+    double settledProgress() const
+    {
+        double before = 0, now = -1;
+        waitUntil([&] {
+            before = std::exchange(now, shownProgress());
+            QThread::msleep(300);
+            return now == before;
+        });
+        return now;
+    }
     bool waitForNoPicture() const
     {
         return waitUntil([this] { return m_program.savedPictures().isEmpty(); });
@@ -174,28 +197,6 @@ protected:
         EXPECT_TRUE(opened().startsWith(QLatin1String("https://127.0.0.1:")));
         EXPECT_TRUE(waitForNoPicture());
     }
-    // How much of the notice's bar is filled; 0 without one.
-    double shownProgress() const
-    {
-        const QImage row = m_desktop.server().pixels({QPoint(3200 - 380, 37 + 41), QSize(380, 1)});
-        int done = 0, rest = 0;
-        for (int x = 0; x < row.width(); ++x) {
-            done += row.pixelColor(x, 0) == QColor(42, 123, 244);
-            rest += row.pixelColor(x, 0) == QColor(237, 229, 253);
-        }
-        return done + rest == 0 ? 0 : double(done) / (done + rest);
-    }
-    // Once it does not move any more.
-    double settledProgress() const
-    {
-        double before = 0, now = -1;
-        waitUntil([&] {
-            before = std::exchange(now, shownProgress());
-            QThread::msleep(300);
-            return now == before;
-        });
-        return now;
-    }
 
     static constexpr QPoint kCloseButton{3200 - 10 - 18, 37 + 18}; // of the notice
     static constexpr qint64 kHalf = 2000000;                       // bytes
@@ -215,6 +216,7 @@ TEST_F(Upload, OfARegionEndsWithItsPageInTheBrowser)
     EXPECT_TRUE(fetched(link).contains("<h1>asd</h1>"));
     EXPECT_TRUE(isRegion(fetched(link + QStringLiteral("/raw"))));
     EXPECT_TRUE(waitForNoPicture()) << "the temporary file stays";
+    EXPECT_TRUE(waitUntil([this] { return settledProgress() == 1; })) << "it ended while its notice came";
 }
 
 TEST_F(Upload, OfAPrivateRegionIsShownWithItsPasswordOnly)
