@@ -163,7 +163,7 @@ TEST_F(KestrelProgramTest, ForgetsASenderThatGoesAway)
     EXPECT_EQ(countIn("pictures") + countIn("incoming"), 0u);
 }
 
-TEST_F(KestrelProgramTest, SaysWhenAnotherHasItsAddress)
+TEST_F(KestrelProgramTest, SaysWhenAnotherHasItsAddressAndEndsWhenItIsAskedTo)
 {
     start();
     QProcess second;
@@ -173,11 +173,6 @@ TEST_F(KestrelProgramTest, SaysWhenAnotherHasItsAddress)
     ASSERT_TRUE(second.waitForFinished());
     EXPECT_EQ(second.exitCode(), 1);
     EXPECT_TRUE(second.readAllStandardError().contains("cannot be had"));
-}
-
-TEST_F(KestrelProgramTest, EndsWhenItIsAskedTo)
-{
-    start();
     m_program.terminate();
     ASSERT_TRUE(m_program.waitForFinished());
     EXPECT_EQ(m_program.exitStatus(), QProcess::NormalExit);

