@@ -90,7 +90,6 @@ TEST_F(LanguageCatalogueTest, SettlesTheLanguage)
         {{}, {QStringLiteral("de-AT"), QStringLiteral("en")}, QStringLiteral("German")},
         {{}, {QStringLiteral("fr-FR"), QStringLiteral("nb-NO")}, QStringLiteral("Norwegian")},
         {{}, {QStringLiteral("fr-FR")}, QStringLiteral("English")},
-        {{}, {}, QStringLiteral("English")},
         {QStringLiteral("Norwegian"), {QStringLiteral("de-AT")}, QStringLiteral("Norwegian")},
         {QStringLiteral("Klingon"), {QStringLiteral("de-AT")}, QStringLiteral("German")},
         {3, {}, QStringLiteral("English")},
@@ -154,13 +153,4 @@ TEST(LanguageCodes, NameTheLanguagesOfLocales)
         SCOPED_TRACE(locale);
         EXPECT_EQ(languageNameOfLocale(QLocale(QLatin1String(locale))).toStdString(), expected);
     }
-}
-
-TEST(LanguageCatalogue, ReadsTheProgramsOwnFiles)
-{
-    ZRParserManager::clearCache();
-    LanguageCatalogue::updateLangMenu({LanguageCatalogue::folders().last()});
-    EXPECT_TRUE(LanguageCatalogue::hasLanguage(QStringLiteral("English")));
-    EXPECT_FALSE(ZRParserManager::getValueForKeywords(u"Comm:About", u"English").isEmpty());
-    ZRParserManager::clearCache();
 }

