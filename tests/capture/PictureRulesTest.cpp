@@ -1,26 +1,12 @@
 #include "capture/PictureRules.h"
 
+#include "tests/fakes/Noise.h"
+
 #include <gtest/gtest.h>
-
-namespace {
-
-QImage noise(int width, int height)
-{
-    QImage image(width, height, QImage::Format_RGB32);
-    quint32 state = 1;
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x) {
-            state = state * 1664525 + 1013904223;
-            image.setPixel(x, y, 0xff000000 | (state >> 8));
-        }
-    return image;
-}
-
-}
 
 TEST(PictureRules, MeanOfFourPixelsIsOnePointAtScaleTwo)
 {
-    const QImage picture = noise(10, 6);
+    const QImage picture = noiseImage({10, 6});
     const QImage result = PictureRules::averagedToPoints(picture, 2);
     ASSERT_EQ(result.size(), QSize(5, 3));
     for (int y = 0; y < 3; ++y)
@@ -47,6 +33,6 @@ TEST(PictureRules, KeepsAFlatColourAndTheSizeInPointsAtEveryScale)
 
 TEST(PictureRules, LeavesAPictureAtScaleOneAlone)
 {
-    const QImage picture = noise(7, 7);
+    const QImage picture = noiseImage({7, 7});
     EXPECT_EQ(PictureRules::averagedToPoints(picture, 1).constBits(), picture.constBits());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/ZRGraffitManager.h"
+#include "tests/fakes/Noise.h"
 
 #include <QApplication>
 
@@ -9,18 +10,11 @@
 // A frozen display of noise in which no two neighbours are alike.
 inline std::shared_ptr<const Frame> noiseFrame(QSize pixels, double scale)
 {
-    QImage image(pixels, QImage::Format_RGB32);
-    quint32 state = 1;
-    for (int y = 0; y < pixels.height(); ++y)
-        for (int x = 0; x < pixels.width(); ++x) {
-            state = state * 1664525 + 1013904223;
-            image.setPixel(x, y, 0xff000000 | (state >> 8));
-        }
     DisplayRecord display;
     display.pixels = QRect({0, 0}, pixels);
     display.scale = scale;
     display.frame = {0, 0, pixels.width() / scale, pixels.height() / scale};
-    return std::make_shared<Frame>(display, image);
+    return std::make_shared<Frame>(display, noiseImage(pixels));
 }
 
 // The editor over a region of a frozen display, driven by the events that the overlay would hand to it.

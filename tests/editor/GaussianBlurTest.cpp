@@ -109,10 +109,9 @@ QImage disc(QSize size, double radius)
 
 TEST(GaussianBlur, LiesWithinALevelOfTheExactOne)
 {
-    for (const QSize size :
-        {QSize(1, 1), {1, 70}, {70, 1}, {5, 3}, {64, 40}, {130, 90}, {523, 37}, {37, 300}}) {
+    for (const QSize size : {QSize(1, 1), {1, 70}, {70, 1}, {5, 3}, {130, 90}, {523, 37}, {37, 300}}) {
         for (QImage::Format format : {QImage::Format_RGB32, QImage::Format_ARGB32_Premultiplied}) {
-            for (double sigma : {1.0, 2.5, 3.0, 6.0, 9.0, 18.0}) {
+            for (double sigma : {1.0, 2.5, 6.0, 9.0, 18.0}) {
                 SCOPED_TRACE(testing::Message() << size.width() << "x" << size.height() << ", format "
                                                 << format << ", sigma " << sigma);
                 const QImage image = noise(size, format);
@@ -149,19 +148,12 @@ TEST(GaussianBlur, IsTheSameOnTwoThreads)
     EXPECT_EQ(gaussianBlurred(image, 3, 2), gaussianBlurred(image, 3, 1));
 }
 
-TEST(GaussianBlur, ReturnsThePictureBelowSigmaOne)
-{
-    const QImage image = noise({20, 20}, QImage::Format_RGB32);
-    for (double sigma : {0.99, 0.0, -3.0, std::nan("")})
-        EXPECT_EQ(gaussianBlurred(image, sigma), image) << sigma;
-    EXPECT_TRUE(gaussianBlurred({}, 3).isNull());
-}
-
-TEST(GaussianBlur, TakesAnySigma)
+TEST(GaussianBlur, ReturnsThePictureBelowSigmaOneAndWhereNothingOfItFallsOnThePicture)
 {
     const QImage image = noise({40, 30}, QImage::Format_RGB32);
-    for (double sigma : {1000.0, 1e9, HUGE_VAL}) // so wide that nothing of it falls on the picture
+    for (double sigma : {0.99, 0.0, -3.0, std::nan(""), 1000.0, 1e9, HUGE_VAL})
         EXPECT_EQ(gaussianBlurred(image, sigma), image) << sigma;
+    EXPECT_TRUE(gaussianBlurred({}, 3).isNull());
 }
 
 TEST(GaussianBlur, TakesAPartOfALargerPicture)

@@ -120,3 +120,31 @@ protected:
     View overlay;
     RecordedActions actions;
 };
+
+// A toolbar beside a region, which selects the tools that are clicked.
+template <class Toolbar>
+class ToolbarTest : public ToolbarStage {
+protected:
+    ToolbarTest()
+    {
+        actions.onTool = [this](ZRScreenShotToolbarItem& item) { toolbar.changeSelectedItem(&item); };
+        toolbar.setScreenShotViewController(&actions);
+    }
+
+    void show()
+    {
+        toolbar.initialize();
+        toolbar.showToolbar(true, {200, 300, 600, 400});
+    }
+    ZRScreenShotToolbarItem* item(const char* name) const { return ToolbarStage::item(toolbar, name); }
+    // A click on the item starts the one action.
+    void expectStarts(const char* name, const char* tooltip, const char* action)
+    {
+        ASSERT_TRUE(item(name));
+        EXPECT_EQ(item(name)->tooltipstring(), QLatin1String(tooltip));
+        click(item(name));
+        EXPECT_EQ(actions.taken(), QStringList(QLatin1String(action)));
+    }
+
+    Toolbar toolbar{&overlay};
+};

@@ -29,41 +29,6 @@ bool press(ZRBasicCustomView& shape, ZRPoint point)
 
 }
 
-TEST(ZRBasicCustomView, IsMadeByTheIdentifiersOfItsTools)
-{
-    struct Case {
-        const char* id;
-        qint32 lineWidth; // 0 for no annotation
-    };
-    const Case cases[] = {{"square", 3}, {"eillpse", 3}, {"arrow", 6}, {"customLine", 3}, {"light", 6},
-        {"line", 3}, {"blur", 3}, {"mosic", 3}, {"rubber", 0}, {"cancel", 0}, {"ellipse", 0}, {"mosaic", 0},
-        {"Square", 0}, {"", 0}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.id);
-        const Shape shape = ZRBasicCustomView::createNewEntityWithGratiffitID(QLatin1String(c.id));
-        EXPECT_EQ(shape != nullptr, c.lineWidth != 0);
-        if (!shape)
-            continue;
-        EXPECT_EQ(shape->viewId(), QLatin1String(c.id));
-        EXPECT_EQ(shape->lineWidth(), c.lineWidth);
-        EXPECT_EQ(shape->color(), QColor(255, 0, 0));
-        EXPECT_FALSE(shape->isDrawDone() || shape->isFocusOn());
-        EXPECT_FALSE(shape->isClickOn({0, 0}));
-    }
-    EXPECT_EQ(ZRBasicCustomView::createNewEntityWithGratiffitID(QString()), nullptr);
-}
-
-TEST(ZRBasicCustomView, TakesTheStandardForWhatIsNone)
-{
-    const Shape shape = drawn("square", {0, 0}, {10, 10});
-    shape->setColor(Qt::blue);
-    shape->setColor(QColor());
-    EXPECT_EQ(shape->color(), QColor(255, 0, 0));
-    shape->setGraffitViewID(QString());
-    EXPECT_FALSE(shape->viewId().isNull());
-    EXPECT_TRUE(shape->viewId().isEmpty());
-}
-
 TEST(ZRBasicCustomView, CreatingDragSpansFromThePressEvenInOneJump)
 {
     struct Case {
@@ -165,12 +130,4 @@ TEST(ZRBasicCustomView, ShiftMovesWhatIsDrawnAndWhatCanBeRevoked)
     EXPECT_EQ(square->vctualRect(), (ZRRect{-5, 110, 50, 50}));
     square->revoke();
     EXPECT_EQ(square->vctualRect(), (ZRRect{5, 110, 40, 40}));
-}
-
-TEST(ZRBasicCustomView, HandShowsOverItsOwnColourOnly)
-{
-    const Shape square = drawn("square", {10, 10}, {50, 50});
-    EXPECT_EQ(square->mouseMoved({10, 50}, QColor(250, 10, 10)), Qt::OpenHandCursor);
-    EXPECT_EQ(square->mouseMoved({10, 50}, QColor(Qt::white)), Qt::ArrowCursor);
-    EXPECT_EQ(square->mouseMoved({30, 30}, QColor(Qt::red)), Qt::ArrowCursor);
 }

@@ -127,32 +127,6 @@ testing::AssertionResult RandomGestures::isSound() const
 
 }
 
-TEST_F(ZREditorViewTest, ShowsWhatGoesOutAndHandlesOnTop)
-{
-    struct Case {
-        const char* tool;
-        ZRPoint press;
-    };
-    const Case cases[] = {{"square", {60, 60}}, {"eillpse", {110, 140}}, {"arrow", {60, 60}},
-        {"customLine", {60, 60}}, {"light", {60, 60}}, {"line", {60, 60}}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.tool);
-        draw(c.tool, {60, 60}, {160, 140});
-        EXPECT_NE(picture(), untouched());
-        EXPECT_EQ(shown().copy(regionPixels()), picture());
-        const QImage before = picture();
-        click(c.press);
-        ASSERT_TRUE(records()[0].focusOn);
-        EXPECT_EQ(picture(), before);
-        EXPECT_NE(shown().copy(regionPixels()), before);
-        click({290, 190});
-        EXPECT_EQ(shown().copy(regionPixels()), before);
-        m_manager.undoDrawView();
-        m_manager.undoDrawView();
-        EXPECT_EQ(picture(), untouched());
-    }
-}
-
 TEST_F(ZREditorViewTest, DragIsShownAsItGoes)
 {
     m_manager.updateGraffitID(QStringLiteral("eillpse"));
@@ -233,15 +207,6 @@ TEST_F(ZREditorViewTest, UndoInTheMiddleOfADragLeavesNothingBehind)
     EXPECT_EQ(count(), 1U);
     drag({50, 50}, {60, 60}); // it is a whole annotation
     EXPECT_EQ(records()[0].dragPoints->size(), 2U);
-}
-
-TEST_F(ZREditorViewTest, HostMayGoFirst)
-{
-    auto host = std::make_unique<View>();
-    ZRGraffitManager manager;
-    manager.addGraffitViewTo(*host, {});
-    host.reset();
-    EXPECT_EQ(manager.editorView(), nullptr);
 }
 
 TEST_F(RandomGestures, LeaveAWholePictureAndUndoToNothing)

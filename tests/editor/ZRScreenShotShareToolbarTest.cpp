@@ -4,23 +4,15 @@
 
 namespace {
 
-class ShareToolbar : public ToolbarStage {
+class ShareToolbar : public ToolbarTest<ZRScreenShotShareToolbar> {
 protected:
     ShareToolbar()
     {
         actions.offered = {OutputItem::Save, OutputItem::Cancel, OutputItem::Pin, OutputItem::Upload,
             OutputItem::Copy, OutputItem::Share};
-        actions.onTool = [this](ZRScreenShotToolbarItem& item) { toolbar.changeSelectedItem(&item); };
-        toolbar.setScreenShotViewController(&actions);
         show();
     }
 
-    void show()
-    {
-        toolbar.initialize();
-        toolbar.showToolbar(true, {200, 300, 600, 400});
-    }
-    ZRScreenShotToolbarItem* item(const char* name) const { return ToolbarStage::item(toolbar, name); }
     // The share targets, which stand on the overlay beside the toolbar.
     std::vector<ZRScreenShotToolbarItem*> targets() const
     {
@@ -30,8 +22,6 @@ protected:
                 found.push_back(shown);
         return found;
     }
-
-    ZRScreenShotShareToolbar toolbar{&overlay};
 };
 
 }
@@ -52,10 +42,7 @@ TEST_F(ShareToolbar, EveryItemNamesItselfItsKeyAndItsAction)
     constexpr quint32 command = 0x100000;
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
-        ASSERT_TRUE(item(row.name));
-        EXPECT_EQ(item(row.name)->tooltipstring(), QLatin1String(row.tooltip));
-        click(item(row.name));
-        EXPECT_EQ(actions.taken(), QStringList(QLatin1String(row.action)));
+        expectStarts(row.name, row.tooltip, row.action);
         EXPECT_FALSE(item(row.name)->state());
         const bool hasKey = item(row.name)->keyBtn().performKeyEquivalent(QLatin1String(row.key), command);
         EXPECT_EQ(hasKey, *row.key != 0);

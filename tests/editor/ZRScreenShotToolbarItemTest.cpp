@@ -70,7 +70,7 @@ TEST(ZRScreenShotToolbarItem, IsHighlightedWhileItIsOnAndBlankWithoutAPicture)
     EXPECT_EQ(stage.clicks, 1);
 }
 
-TEST(ZRScreenShotToolbarItem, KeepsItsHoverAfterAClickAsAColourItem)
+TEST(ZRScreenShotToolbarItem, KeepsItsHoverAfterAClickAsAColourItemAndATooltipWhereItHasOne)
 {
     for (const bool isColorItem : {true, false}) {
         SCOPED_TRACE(isColorItem);
@@ -78,22 +78,12 @@ TEST(ZRScreenShotToolbarItem, KeepsItsHoverAfterAClickAsAColourItem)
         ZRScreenShotToolbarItem item;
         stage.add(item);
         item.setColorItem(isColorItem);
+        item.setToolTip(isColorItem ? QString() : QStringLiteral("Save"));
         item.mouseUp(stage.inside());
         EXPECT_EQ(item.isMouseInside(), isColorItem);
         EXPECT_EQ(stage.clicks, 1);
-    }
-}
-
-TEST(ZRScreenShotToolbarItem, ShowsATooltipWhereItHasOne)
-{
-    for (const char* text : {"Save", ""}) {
-        SCOPED_TRACE(text);
-        Stage stage;
-        ZRScreenShotToolbarItem item;
-        stage.add(item);
-        item.setToolTip(QLatin1String(text));
         item.mouseEntered();
-        EXPECT_EQ(hasTooltip(), *text != 0);
+        EXPECT_EQ(hasTooltip(), !isColorItem);
         item.mouseExited();
         EXPECT_FALSE(hasTooltip());
     }
@@ -104,40 +94,37 @@ TEST(ScreenShotToolbarItem, KeepsItsStateItself)
     struct Case {
         const char* what;
         bool hasID, isSelected, isReleasedInside;
-        const char *afterRelease, *afterLeaving;
-        int clicks;
+        const char *entered, *released, *left;
     };
     const Case cases[] = {
-        {"a plain one", false, false, true, "save-normal", "save-normal", 1},
-        {"one with an identifier", true, false, true, "save-down", "save-normal", 1},
-        {"a selected one", true, true, true, "save-down", "save-down", 1},
-        {"released outside", true, false, false, "save-normal", "save-normal", 0},
-    };
-    const auto image = [](const char* name) {
-        ScreenShotToolbarItem plain;
-        plain.resize(32, 32);
-        plain.setImage(QLatin1String(name));
-        Stage stage;
-        return stage.picture(plain);
+        {"a plain one", false, false, true, "save-hover", "save-normal", "save-normal"},
+        {"one with an identifier", true, false, true, "save-hover", "save-down", "save-normal"},
+        {"a selected one", true, true, true, "save-down", "save-down", "save-down"},
+        {"released outside", true, false, false, "save-hover", "save-normal", "save-normal"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         Stage stage;
-        ScreenShotToolbarItem item;
+        ScreenShotToolbarItem item, plain;
         item.updateNormalImage(
             QStringLiteral("save-normal"), QStringLiteral("save-hover"), QStringLiteral("save-down"));
         item.setControlID(c.hasID ? QStringLiteral("id") : QString());
         item.setIsSelected(c.isSelected);
         stage.add(item);
+        plain.resize(32, 32);
+        const auto shows = [&](const char* image) {
+            plain.setImage(QLatin1String(image));
+            return stage.picture(item) == stage.picture(plain);
+        };
         item.mouseEntered();
-        EXPECT_EQ(stage.picture(item), image(c.isSelected ? "save-down" : "save-hover"));
+        EXPECT_TRUE(shows(c.entered));
         item.mouseDown(stage.inside());
-        EXPECT_EQ(stage.picture(item), image("save-down"));
+        EXPECT_TRUE(shows("save-down"));
         item.mouseUp(c.isReleasedInside ? stage.inside() : stage.outside());
-        EXPECT_EQ(stage.picture(item), image(c.afterRelease));
-        EXPECT_EQ(stage.clicks, c.clicks);
+        EXPECT_TRUE(shows(c.released));
+        EXPECT_EQ(stage.clicks, c.isReleasedInside ? 1 : 0);
         item.mouseExited();
-        EXPECT_EQ(stage.picture(item), image(c.afterLeaving));
+        EXPECT_TRUE(shows(c.left));
     }
 }
 
@@ -146,8 +133,7 @@ TEST(ZRLineWidthControlItem, StaysPressedWhileItIsSelected)
     for (const bool isSelected : {false, true}) {
         SCOPED_TRACE(isSelected);
         Stage stage;
-        ZRLineWidthControlItem item(QStringLiteral("4pxDot-normal"), QStringLiteral("4pxDot-hover"),
-            QStringLiteral("4pxDot-down"), {});
+        ZRLineWidthControlItem item({}, {}, {}, {});
         stage.add(item);
         item.setIsSelected(isSelected);
         item.mouseEntered();
@@ -155,7 +141,6 @@ TEST(ZRLineWidthControlItem, StaysPressedWhileItIsSelected)
         item.mouseDown(stage.inside());
         EXPECT_TRUE(item.isPressed());
         item.mouseUp(stage.inside());
-        EXPECT_EQ(stage.clicks, 1);
         item.mouseExited();
         EXPECT_EQ(item.isPressed(), isSelected);
     }
