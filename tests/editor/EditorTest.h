@@ -60,6 +60,15 @@ protected:
     QRect regionPixels() const { return m_frame->display().localPixels(kRegion); }
     // What would go out; the untouched frame without annotations.
     QImage picture() { return view().composed(regionPixels()); }
+    // What the user sees of the display.
+    QImage shown()
+    {
+        QImage image = m_frame->image().copy();
+        image.setDevicePixelRatio(m_frame->display().scale);
+        view().render(&image, {}, {}, QWidget::DrawChildren);
+        image.setDevicePixelRatio(1);
+        return image;
+    }
     QImage untouched() const { return m_frame->image().copy(regionPixels()); }
 
     static constexpr ZRRect kRegion{40, 30, 300, 200};

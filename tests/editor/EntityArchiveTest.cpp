@@ -24,7 +24,7 @@ protected:
 
 }
 
-TEST_F(EntityArchiveTest, BringsBackEveryKindOfAnnotation)
+TEST_F(EntityArchiveTest, BringsBackEveryKindOfAnnotationAndLeavesItToUndo)
 {
     drawOneOfEach();
     const QImage before = picture();
@@ -33,9 +33,15 @@ TEST_F(EntityArchiveTest, BringsBackEveryKindOfAnnotation)
         m_manager.undoDrawView();
     ASSERT_EQ(picture(), untouched());
     ASSERT_TRUE(m_manager.restore(archive));
-    EXPECT_EQ(count(), 8U);
     EXPECT_EQ(picture(), before);
     EXPECT_EQ(m_manager.archived(), archive);
+    for (size_t left = 8; left > 0; --left) { // each is one step of undo
+        EXPECT_EQ(count(), left);
+        m_manager.undoDrawView();
+    }
+    EXPECT_EQ(picture(), untouched());
+    m_manager.goForwardDrawView();
+    EXPECT_EQ(count(), 1U);
 }
 
 TEST_F(EntityArchiveTest, BringsBackTexts)
@@ -54,19 +60,6 @@ TEST_F(EntityArchiveTest, BringsBackTexts)
     EXPECT_EQ(restored->textFont(), font);
     EXPECT_EQ(restored->vctualRect(), box.vctualRect());
     EXPECT_FALSE(restored->isFocusOn());
-}
-
-TEST_F(EntityArchiveTest, LeavesRestoredAnnotationsToUndo)
-{
-    drawOneOfEach();
-    ASSERT_TRUE(m_manager.restore(m_manager.archived()));
-    for (size_t left = 8; left > 0; --left) {
-        EXPECT_EQ(count(), left);
-        m_manager.undoDrawView();
-    }
-    EXPECT_EQ(picture(), untouched());
-    m_manager.goForwardDrawView();
-    EXPECT_EQ(count(), 1U);
 }
 
 TEST_F(EntityArchiveTest, RefusesWhatIsNoneOfOurs)

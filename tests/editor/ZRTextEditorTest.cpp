@@ -53,15 +53,7 @@ protected:
             count += QAbstractEventDispatcher::instance()->registeredTimers(object).size();
         return count;
     }
-    // What the user sees of the region.
-    QImage shown()
-    {
-        QImage image = m_frame->image().copy();
-        image.setDevicePixelRatio(m_frame->display().scale);
-        view().render(&image, {}, {}, QWidget::DrawChildren);
-        image.setDevicePixelRatio(1);
-        return image.copy(regionPixels());
-    }
+    QImage shownInRegion() { return shown().copy(regionPixels()); }
 };
 
 }
@@ -103,14 +95,14 @@ TEST_F(ZRTextEditorTest, KeysBelongToTheEditAndEndIt)
         ASSERT_TRUE(box());
         EXPECT_FALSE(box()->isFocusOn());
         EXPECT_EQ(box()->textField()->textString(), QStringLiteral("abc"));
-        EXPECT_EQ(shown(), picture());
+        EXPECT_EQ(shownInRegion(), picture());
         m_manager.undoDrawView();
         EXPECT_FALSE(box());
         EXPECT_EQ(picture(), untouched());
     }
 }
 
-TEST_F(ZRTextEditorTest, PressOnAnotherAnnotationEndsTheEdit)
+TEST_F(ZRTextEditorTest, PressOnAnotherAnnotationEndsTheEditAndPressesAreNoStepsOfUndo)
 {
     draw("line", {10, 20}, {200, 60});
     m_manager.clearFocusOnGraffitView();
@@ -121,23 +113,29 @@ TEST_F(ZRTextEditorTest, PressOnAnotherAnnotationEndsTheEdit)
     EXPECT_FALSE(editing());
     EXPECT_EQ(box()->textField()->textString(), QStringLiteral("a"));
     EXPECT_TRUE(records()[0].focusOn);
+    m_manager.deleteGraffitFromBackSpace();
+    for (int i = 0; i < 3; ++i) {
+        click(kPlace);
+        click(kBeside);
+    }
+    m_manager.undoDrawView(); // the deletion
+    EXPECT_EQ(m_manager.allRecords().size(), 2U);
+    m_manager.undoDrawView(); // the click on the line, which brought it to the front
+    m_manager.undoDrawView();
+    EXPECT_EQ(count(), 0U);
+    EXPECT_TRUE(box());
+    m_manager.undoDrawView();
+    EXPECT_TRUE(m_manager.allRecords().empty());
 }
 
-TEST_F(ZRTextEditorTest, IsRestyledWhileItIsSelected)
+TEST_F(ZRTextEditorTest, TakesAnotherFontWhileItIsSelected)
 {
     write(QStringLiteral("Style"));
     click(kPlace);
     QFont font = m_manager.curFont();
     font.setPixelSize(48);
     m_manager.setCurFont(font);
-    const ZRSize text = TextRules::measured(QStringLiteral("Style"), font);
-    EXPECT_EQ(box()->vctualRect().size(), (ZRSize{std::max(100.0, text.width + 10), text.height + 16}));
-    const QImage red = picture();
-    m_manager.setCurColor(Qt::blue);
-    EXPECT_NE(picture(), red);
-    EXPECT_EQ(box()->color(), QColor(Qt::blue));
-    m_manager.setCurColor(Qt::red);
-    EXPECT_EQ(picture(), red);
+    EXPECT_EQ(box()->vctualRect().size(), TextRules::boxSize(QStringLiteral("Style"), font));
 }
 
 TEST_F(ZRTextEditorTest, InputMethodComposesAndAnOutputCommits)
@@ -155,7 +153,7 @@ TEST_F(ZRTextEditorTest, InputMethodComposesAndAnOutputCommits)
     compose(QStringLiteral("xy"));
     m_manager.clearFocusOnGraffitView();
     EXPECT_EQ(box()->textField()->textString(), QString::fromUtf8("a\u65e5xyb"));
-    EXPECT_EQ(shown(), picture());
+    EXPECT_EQ(shownInRegion(), picture());
 }
 
 TEST_F(ZRTextEditorTest, InputMethodIsToldWhereTheCaretIs)
@@ -190,41 +188,21 @@ TEST_F(ZRTextEditorTest, TakesAnyTextAndAnyFont)
         EXPECT_NE(picture(), untouched());
         press(Qt::Key_Backspace);
         press(Qt::Key_A, Qt::ControlModifier);
-        EXPECT_NE(shown(), picture());
+        EXPECT_NE(shownInRegion(), picture());
         click(kBeside);
-        EXPECT_EQ(shown(), picture());
+        EXPECT_EQ(shownInRegion(), picture());
         m_manager.goBackDrawView();
         EXPECT_EQ(picture(), untouched());
     }
 }
 
-TEST_F(ZRTextEditorTest, PressesOnItAreNoStepsOfUndo)
-{
-    draw("line", {10, 20}, {200, 60});
-    click({105, 40});
-    m_manager.deleteGraffitFromBackSpace();
-    m_manager.updateGraffitID(QStringLiteral("text"));
-    write(QStringLiteral("once"));
-    for (int i = 0; i < 3; ++i) {
-        click(kPlace);
-        click(kBeside);
-    }
-    m_manager.undoDrawView();
-    EXPECT_TRUE(m_manager.allRecords().empty());
-    m_manager.undoDrawView(); // the deletion
-    EXPECT_EQ(count(), 1U);
-}
-
 TEST_F(ZRTextEditorTest, LiesBetweenTheAnnotationsBeforeAndAfterIt)
 {
     write(QStringLiteral("below"));
-    const QImage text = picture();
     m_manager.setCurColor(Qt::green);
     m_manager.setLineWidth(40);
     draw("line", {40, kPlace.y}, {200, kPlace.y});
-    const QImage covered = picture();
-    EXPECT_NE(covered, text);
-    EXPECT_EQ(covered.pixel(70, 50), qRgb(0, 255, 0));
+    EXPECT_EQ(picture().pixel(70, 50), qRgb(0, 255, 0));
     EXPECT_EQ(records().size(), 1U); // that of the line
     EXPECT_EQ(m_manager.allRecords().size(), 2U);
 }
@@ -235,7 +213,6 @@ TEST_F(ZRTextEditorTest, TravelsWithTheRegion)
     const ZRRect before = box()->vctualRect();
     m_manager.updateGraffitView(kRegion.translated(5, 9));
     EXPECT_EQ(box()->vctualRect(), before);
-    EXPECT_EQ(shown().size(), picture().size());
     m_manager.updateGraffitView({30, 30, 330, 220});
     EXPECT_EQ(view().isClickOnEditor({kPlace.x + 15, kPlace.y + 9})->vctualRect(), before.translated(15, 9));
 }
