@@ -18,12 +18,9 @@ TEST(AutostartRules, QuoteEveryPathSoThatItComesBack)
         SCOPED_TRACE(path);
         EXPECT_EQ(programOfEntry(entryForProgram(QString::fromUtf8(path))), QString::fromUtf8(path));
     }
-}
-
-TEST(AutostartRules, QuoteAsTheDesktopReads)
-{
     EXPECT_TRUE(
-        entryForProgram(QStringLiteral("/a b/$c%")).contains(QStringLiteral("\nExec=\"/a b/\\\\$c%%\"\n")));
+        entryForProgram(QStringLiteral("/a b/$c%")).contains(QStringLiteral("\nExec=\"/a b/\\\\$c%%\"\n")))
+        << "quoted as the desktop reads it";
 }
 
 TEST(AutostartRules, FindTheProgramOfAnyEntry)

@@ -10,7 +10,6 @@ TEST(DesktopRules, GiveOneNameToOneServer)
     };
     const Case cases[] = {
         {":0", "X11-0"},
-        {":0.0", "X11-0"},
         {":0.1", "X11-0"},
         {"unix:0", "X11-0"},
         {":12", "X11-12"},
@@ -34,7 +33,6 @@ TEST(DesktopRules, SayWhatTheDesktopLacks)
     const Case cases[] = {
         {{text(":0"), {}, {}}, ""},
         {{text(":0"), {}, text("x11")}, ""},
-        {{text(":0"), {}, text("tty")}, ""},
         {{text(":0"), text("wayland-0"), text("x11")}, ""}, // a compositor nested in an X11 session
         {{{}, {}, {}}, "DISPLAY"},
         {{{}, text("wayland-0"), {}}, "Wayland"},

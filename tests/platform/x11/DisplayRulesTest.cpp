@@ -45,8 +45,3 @@ TEST(DisplayRules, KeepNeighboursApartAtEveryPairOfScales)
         }
     }
 }
-
-TEST(DisplayRules, ArrangeNothing)
-{
-    EXPECT_TRUE(arrangedDisplays({}).empty());
-}

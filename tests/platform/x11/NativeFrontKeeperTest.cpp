@@ -32,7 +32,7 @@ protected:
         return m_other.isAbove(xcb_window_t(m_overlay.winId()), other);
     }
 
-    XClient m_other{mainDisplay()};
+    const OtherProgram m_other{mainDisplay()};
     QWindow m_overlay;
     NativeFrontKeeper m_keeper{XConnection::ofApplication()};
 };

@@ -8,8 +8,7 @@
 namespace {
 
 constexpr quint32 kOne = 18, kCommand = 256, kShift = 512, kOption = 2048, kControl = 4096;
-constexpr xcb_keycode_t kOneKey = 10, kAKey = 38, kShiftKey = 50, kControlKey = 37, kAltKey = 64,
-                        kCapsKey = 66, kNumKey = 77, kSuperKey = 133;
+constexpr Key kCapsLock{66}, kNumLock{77};
 
 class NativeHotKeysTest : public testing::Test {
 protected:
@@ -19,22 +18,19 @@ protected:
         m_keys.onStateChange = [this](
                                    quint32 id, const QString& reason) { m_changes.emplace_back(id, reason); };
         // A fresh server tells of a new keyboard at its first key.
-        strike({kShiftKey});
+        strike({Key::Shift});
         letPass(100);
         m_other.focus(m_other.openWindow({0, 0, 50, 50}, 0));
     }
-    void strike(const std::vector<xcb_keycode_t>& chord)
+    void strike(std::initializer_list<Key> keys)
     {
-        for (xcb_keycode_t key : chord)
-            m_user.press(key);
-        for (auto key = chord.rbegin(); key != chord.rend(); ++key)
-            m_user.release(*key);
+        m_user.chord(keys);
         letPass(20);
     }
     std::vector<quint32> takePressed() { return std::exchange(m_pressed, {}); }
 
-    XClient m_user{mainDisplay()};
-    XClient m_other{mainDisplay()}; // whose window has the keyboard
+    const OtherProgram m_other{mainDisplay()}; // whose window has the keyboard
+    Input m_user{m_other};
     NativeHotKeys m_keys{XConnection::ofApplication()};
     std::vector<quint32> m_pressed;
     std::vector<std::pair<quint32, QString>> m_changes;
@@ -62,36 +58,36 @@ TEST_F(NativeHotKeysTest, FireForTheirOwnChordOnly)
     EXPECT_EQ(m_keys.registerHotKey(3, 0, kControl + kOption), QString());     // key code 0 is the A key
     EXPECT_EQ(m_keys.registerHotKey(4, kOne, kCommand + kCommand), QString()); // the sum is shift
     struct Case {
-        std::vector<xcb_keycode_t> chord;
+        std::initializer_list<Key> chord;
         Ids expected;
     };
     const Case cases[] = {
-        {{kSuperKey, kOneKey}, {1}},
-        {{kSuperKey, kShiftKey, kOneKey}, {2}},
-        {{kControlKey, kAltKey, kAKey}, {3}},
-        {{kShiftKey, kOneKey}, {4}},
-        {{kOneKey}, {}},
-        {{kControlKey, kSuperKey, kOneKey}, {}},
-        {{kSuperKey, kAKey}, {}},
+        {{Key::Super, Key::Digit1}, {1}},
+        {{Key::Super, Key::Shift, Key::Digit1}, {2}},
+        {{Key::Control, Key::Alt, Key::A}, {3}},
+        {{Key::Shift, Key::Digit1}, {4}},
+        {{Key::Digit1}, {}},
+        {{Key::Control, Key::Super, Key::Digit1}, {}},
+        {{Key::Super, Key::A}, {}},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(testing::PrintToString(c.chord));
+        SCOPED_TRACE(testing::PrintToString(c.expected));
         strike(c.chord);
         EXPECT_EQ(takePressed(), c.expected);
     }
     m_keys.unregisterHotKey(1);
     m_keys.unregisterHotKey(99);
-    strike({kSuperKey, kOneKey});
-    strike({kSuperKey, kShiftKey, kOneKey});
+    strike({Key::Super, Key::Digit1});
+    strike({Key::Super, Key::Shift, Key::Digit1});
     EXPECT_EQ(takePressed(), Ids{2});
 }
 
 TEST_F(NativeHotKeysTest, FireWhateverTheLocksAre)
 {
     m_keys.registerHotKey(1, kOne, kCommand);
-    for (xcb_keycode_t lock : {kCapsKey, kNumKey, kCapsKey, kNumKey}) { // on, both, one, none
+    for (const Key lock : {kCapsLock, kNumLock, kCapsLock, kNumLock}) { // on, both, one, none
         strike({lock});
-        strike({kSuperKey, kOneKey});
+        strike({Key::Super, Key::Digit1});
         EXPECT_EQ(takePressed(), Ids{1}) << int(lock);
     }
 }
@@ -99,13 +95,13 @@ TEST_F(NativeHotKeysTest, FireWhateverTheLocksAre)
 TEST_F(NativeHotKeysTest, FireOnceForAHeldKey)
 {
     m_keys.registerHotKey(1, kOne, kCommand);
-    m_user.press(kSuperKey);
-    m_user.press(kOneKey);
+    m_user.press(Key::Super);
+    m_user.press(Key::Digit1);
     letPass(1000);
     EXPECT_EQ(takePressed(), Ids{1});
-    m_user.release(kOneKey);
+    m_user.release(Key::Digit1);
     letPass(5); // faster than a finger
-    m_user.press(kOneKey);
+    m_user.press(Key::Digit1);
     letPass(50);
     EXPECT_EQ(takePressed(), Ids{1});
 }
@@ -116,19 +112,19 @@ TEST_F(NativeHotKeysTest, FireOnceForAKeyHeldThroughACapture)
     for (const bool isModifierHeld : {true, false}) {
         SCOPED_TRACE(isModifierHeld);
         Overlay overlay;
-        m_user.press(kSuperKey);
-        m_user.press(kOneKey);
+        m_user.press(Key::Super);
+        m_user.press(Key::Digit1);
         EXPECT_TRUE(waitFor([this] { return !m_pressed.empty(); }));
         overlay.grab.grabKeyboard(overlay.window);
         letPass(900); // the overlay gets the repeats
         if (!isModifierHeld)
-            m_user.release(kSuperKey);
+            m_user.release(Key::Super);
         overlay.grab.release();
         letPass(300);
         EXPECT_EQ(takePressed(), Ids{1});
         m_user.releaseAll(); // the key's release goes elsewhere
         letPass(150);
-        strike({kSuperKey, kOneKey});
+        strike({Key::Super, Key::Digit1});
         EXPECT_EQ(takePressed(), Ids{1});
     }
 }
@@ -136,14 +132,14 @@ TEST_F(NativeHotKeysTest, FireOnceForAKeyHeldThroughACapture)
 TEST_F(NativeHotKeysTest, SayWhyTheyAreRefused)
 {
     // Only one of the lock's variants is taken: none must stay grabbed.
-    ASSERT_TRUE(m_other.grabKey(kOneKey, XCB_MOD_MASK_4 | XCB_MOD_MASK_LOCK));
+    ASSERT_TRUE(m_other.grabKey(Key::Digit1, XCB_MOD_MASK_4 | XCB_MOD_MASK_LOCK));
     EXPECT_EQ(m_keys.registerHotKey(1, kOne, kCommand), QStringLiteral("is taken by another program"));
-    EXPECT_TRUE(m_other.grabKey(kOneKey, XCB_MOD_MASK_4));
+    EXPECT_TRUE(m_other.grabKey(Key::Digit1, XCB_MOD_MASK_4));
     EXPECT_EQ(m_keys.registerHotKey(2, 10, kCommand), QStringLiteral("is on no key of this keyboard"));
     EXPECT_EQ(m_keys.registerHotKey(3, kOne, kControl), QString());
     EXPECT_EQ(m_keys.registerHotKey(4, kOne, kControl), QStringLiteral("is used twice"));
     m_keys.unregisterHotKey(4); // leaves the other one alone
-    strike({kControlKey, kOneKey});
+    strike({Key::Control, Key::Digit1});
     EXPECT_EQ(takePressed(), Ids{3});
 }
 
@@ -154,7 +150,7 @@ TEST_F(NativeHotKeysTest, StayOnTheirKeyInAnotherLayout)
         SCOPED_TRACE(layout);
         ASSERT_TRUE(runTool("setxkbmap", layout));
         letPass(150);
-        strike({kSuperKey, kOneKey});
+        strike({Key::Super, Key::Digit1});
         EXPECT_EQ(takePressed(), Ids{1});
     }
     EXPECT_TRUE(m_changes.empty());
@@ -162,21 +158,21 @@ TEST_F(NativeHotKeysTest, StayOnTheirKeyInAnotherLayout)
 
 TEST_F(NativeHotKeysTest, FollowTheirModifierAndTryRefusedKeysAgain)
 {
-    ASSERT_TRUE(m_other.grabKey(kOneKey, XCB_MOD_MASK_4));
+    ASSERT_TRUE(m_other.grabKey(Key::Digit1, XCB_MOD_MASK_4));
     EXPECT_FALSE(m_keys.registerHotKey(1, kOne, kCommand).isEmpty());
     ASSERT_TRUE(runTool("setxkbmap", "-option altwin:swap_alt_win")); // Super is on the Alt key now
     letPass(150);
     EXPECT_TRUE(m_changes.empty()); // still taken
-    m_other.ungrabKey(kOneKey, XCB_MOD_MASK_4);
+    m_other.ungrabKey(Key::Digit1, XCB_MOD_MASK_4);
     ASSERT_TRUE(runTool("setxkbmap", "-option -layout us"));
     ASSERT_TRUE(waitFor([this] { return !m_changes.empty(); }));
     EXPECT_EQ(m_changes.front(), std::make_pair(1u, QString()));
     ASSERT_TRUE(runTool("xmodmap", R"(-e "remove mod4 = Super_L" -e "add mod3 = Super_L")"));
     letPass(150);
-    strike({kSuperKey, kOneKey});
+    strike({Key::Super, Key::Digit1});
     EXPECT_EQ(takePressed(), Ids{1});
     ASSERT_TRUE(runTool("setxkbmap", "-layout us"));
     letPass(150);
-    strike({kSuperKey, kOneKey});
+    strike({Key::Super, Key::Digit1});
     EXPECT_EQ(takePressed(), Ids{1});
 }

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr xcb_keycode_t kEscapeKey = 9;
-
 class NativeInputGrabTest : public testing::Test {
 protected:
     NativeInputGrabTest()
@@ -24,14 +22,13 @@ protected:
     bool otherGetsKeys()
     {
         m_other.takePresses();
-        m_user.press(kEscapeKey);
-        m_user.release(kEscapeKey);
+        m_user.chord({Key::Escape});
         letPass(20);
         return m_other.takePresses() == 1;
     }
 
-    XClient m_user{mainDisplay()};
-    XClient m_other{mainDisplay()};
+    const OtherProgram m_other{mainDisplay()};
+    Input m_user{m_other};
     QWindow m_overlay;
     NativeInputGrab m_grab{XConnection::ofApplication()};
     QString m_refusal;
@@ -53,7 +50,7 @@ TEST_F(NativeInputGrabTest, WaitsForAnotherProgram)
 TEST_F(NativeInputGrabTest, KeepsAKeyThatIsNeverReleasedForTwoSeconds)
 {
     m_grab.grabKeyboard(m_overlay);
-    m_user.press(kEscapeKey);
+    m_user.press(Key::Escape);
     letPass(20);
     m_grab.releaseWithKey();
     QElapsedTimer elapsed;
@@ -66,30 +63,24 @@ TEST_F(NativeInputGrabTest, KeepsAKeyThatIsNeverReleasedForTwoSeconds)
 TEST_F(NativeInputGrabTest, LetsGoAtOnceWhenNoKeyIsDown)
 {
     m_grab.grabKeyboard(m_overlay);
-    m_user.press(kEscapeKey);
-    m_user.release(kEscapeKey);
+    m_user.chord({Key::Escape});
     letPass(20);
     m_grab.releaseWithKey();
     EXPECT_FALSE(m_grab.holdsKeyboard());
     EXPECT_TRUE(otherGetsKeys());
 }
 
-TEST_F(NativeInputGrabTest, MovesAKeptKeyboardToTheNextWindow)
+TEST_F(NativeInputGrabTest, MovesAKeptKeyboardToTheNextWindowAndLosesItWithThat)
 {
     m_grab.grabKeyboard(m_overlay);
-    m_user.press(kEscapeKey);
+    m_user.press(Key::Escape);
     letPass(20);
     m_grab.releaseWithKey();
     m_grab.grabKeyboard(m_overlay);
-    m_user.release(kEscapeKey);
+    m_user.release(Key::Escape);
     letPass(50);
     EXPECT_TRUE(m_grab.holdsKeyboard());
     EXPECT_FALSE(otherGetsKeys());
-}
-
-TEST_F(NativeInputGrabTest, KnowsThatAHiddenWindowLosesIt)
-{
-    m_grab.grabKeyboard(m_overlay);
     m_overlay.hide();
     EXPECT_TRUE(waitFor([this] { return !m_grab.holdsKeyboard(); }, 200));
 }
@@ -106,7 +97,7 @@ TEST_F(NativeInputGrabTest, TakesThePointerAndGivesItBack)
 
 TEST_F(NativeInputGrabTest, WaitsForAProgramThatHoldsThePointer)
 {
-    m_user.movePointer({120, 120}); // over the overlay
+    m_user.moveTo({120, 120}); // over the overlay
     for (const int ms : {100, 2500}) {
         SCOPED_TRACE(ms);
         ASSERT_TRUE(waitFor([this] { return m_other.grabPointer(); }, 200));

@@ -32,28 +32,19 @@ protected:
 
 }
 
-TEST_F(NativeLoginItemTest, LeavesOneEntryAndTakesItAway)
+TEST_F(NativeLoginItemTest, LeavesOneEntryAndTakesAllItsOwnAway)
 {
-    NativeLoginItem item = make();
-    EXPECT_FALSE(item.isRegistered());
-    EXPECT_TRUE(item.registerItem());
-    EXPECT_TRUE(item.registerItem());
-    EXPECT_EQ(entries(), QStringList{QStringLiteral("com.Lumora.Screenshot.desktop")});
-    EXPECT_TRUE(item.isRegistered());
-    EXPECT_TRUE(item.unregisterItem());
-    EXPECT_FALSE(item.isRegistered());
-    EXPECT_TRUE(entries().isEmpty());
-}
-
-TEST_F(NativeLoginItemTest, RemovesAllItsEntriesAndNoOthers)
-{
-    write("by-hand.desktop", "[Desktop Entry]\nExec=\"/opt/my tools/lumora-screenshot\" region\n");
     write("other.desktop", "[Desktop Entry]\nExec=/usr/bin/other\n");
+    const QStringList others = entries();
     NativeLoginItem item = make();
-    EXPECT_TRUE(item.isRegistered());
+    EXPECT_FALSE(item.isRegistered());
     EXPECT_TRUE(item.registerItem());
+    EXPECT_TRUE(item.registerItem());
+    EXPECT_EQ(entries(), QStringList{QStringLiteral("com.Lumora.Screenshot.desktop")} + others);
+    write("by-hand.desktop", "[Desktop Entry]\nExec=\"/opt/my tools/lumora-screenshot\" region\n");
     EXPECT_TRUE(item.unregisterItem());
-    EXPECT_EQ(entries(), QStringList{QStringLiteral("other.desktop")});
+    EXPECT_FALSE(item.isRegistered());
+    EXPECT_EQ(entries(), others);
 }
 
 TEST_F(NativeLoginItemTest, SaysWhenTheFolderCannotBe)

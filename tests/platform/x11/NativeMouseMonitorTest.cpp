@@ -12,7 +12,7 @@ class NativeMouseMonitorTest : public testing::Test {
 protected:
     NativeMouseMonitorTest()
     {
-        m_user.movePointer({700, 700});
+        m_user.moveTo({700, 700});
         m_monitor.onAction = [this](Action action) { m_actions.push_back(action); };
     }
     std::vector<Action> take()
@@ -21,7 +21,8 @@ protected:
         return std::exchange(m_actions, {});
     }
 
-    XClient m_user{mainDisplay()};
+    const XClient m_client{mainDisplay()};
+    Input m_user{m_client};
     NativeMouseMonitor m_monitor{XConnection::ofApplication()};
     std::vector<Action> m_actions;
 };
@@ -30,36 +31,35 @@ protected:
 
 TEST_F(NativeMouseMonitorTest, TellsWhatTheMouseDoesWhoeverHasThePointer)
 {
-    constexpr uint8_t kLeft = 1, kMiddle = 2, kRight = 3;
     ASSERT_TRUE(m_monitor.start());
     ASSERT_TRUE(m_monitor.start());
-    const auto click = [this](uint8_t button) {
-        m_user.button(button, true);
-        m_user.movePointer({720, 700});
-        m_user.button(button, false);
-        m_user.movePointer({700, 700});
+    const auto click = [this](Button button) {
+        m_user.press(button);
+        m_user.moveTo({720, 700});
+        m_user.release(button);
+        m_user.moveTo({700, 700});
     };
-    XClient other(mainDisplay());
+    const OtherProgram other(mainDisplay());
     for (const bool isGrabbed : {false, true}) {
         SCOPED_TRACE(isGrabbed);
         ASSERT_TRUE(!isGrabbed || other.grabPointer());
-        click(kLeft);
+        click(Button::Left);
         EXPECT_EQ(
             take(), (std::vector{Action::LeftDown, Action::LeftDragged, Action::LeftUp, Action::Moved}));
-        click(kRight);
+        click(Button::Right);
         EXPECT_EQ(take(), (std::vector{Action::RightDown, Action::RightUp, Action::Moved}));
-        click(kMiddle);
+        click(Button::Middle);
         EXPECT_EQ(take(), std::vector{Action::Moved});
     }
 }
 
 TEST_F(NativeMouseMonitorTest, IsSilentUntilItIsStartedAndKnowsWhatIsDownThen)
 {
-    m_user.button(1, true);
-    m_user.movePointer({701, 700});
+    m_user.press(Button::Left);
+    m_user.moveTo({701, 700});
     EXPECT_EQ(take(), std::vector<Action>());
     ASSERT_TRUE(m_monitor.start());
-    m_user.movePointer({702, 700});
-    m_user.button(1, false);
+    m_user.moveTo({702, 700});
+    m_user.release(Button::Left);
     EXPECT_EQ(take(), (std::vector{Action::LeftDragged, Action::LeftUp}));
 }

@@ -8,8 +8,6 @@
 #include <cstdlib>
 #include <memory>
 
-#include <xcb/xtest.h>
-
 namespace {
 
 template <typename Reply>
@@ -47,170 +45,82 @@ void XServer::kill()
     m_process.waitForFinished();
 }
 
-WindowManager::WindowManager(const QString& display)
+xcb_window_t OtherProgram::openWindow(const QRect& r, uint32_t colour, bool isManaged) const
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DISPLAY"), display);
-    m_process.setProcessEnvironment(environment);
-    m_process.setStandardErrorFile(QProcess::nullDevice());
-    m_process.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
-    m_process.waitForStarted();
-}
-
-WindowManager::~WindowManager()
-{
-    m_process.terminate();
-    m_process.waitForFinished();
-}
-
-void WindowManager::kill()
-{
-    m_process.kill();
-    m_process.waitForFinished();
-}
-
-XClient::XClient(const QString& display)
-    : m_connection(xcb_connect(display.toUtf8().constData(), nullptr))
-{
-    if (const xcb_setup_t* setup = xcb_get_setup(m_connection))
-        m_screen = xcb_setup_roots_iterator(setup).data;
-}
-
-XClient::~XClient()
-{
-    releaseAll();
-    sync();
-    xcb_disconnect(m_connection);
-}
-
-void XClient::press(xcb_keycode_t key)
-{
-    m_pressed.push_back(key);
-    sendKey(XCB_KEY_PRESS, key);
-}
-
-void XClient::release(xcb_keycode_t key)
-{
-    std::erase(m_pressed, key);
-    sendKey(XCB_KEY_RELEASE, key);
-}
-
-void XClient::movePointer(QPoint pixel)
-{
-    xcb_test_fake_input(m_connection, XCB_MOTION_NOTIFY, false, XCB_CURRENT_TIME, m_screen->root,
-        int16_t(pixel.x()), int16_t(pixel.y()), 0);
-    sync();
-}
-
-void XClient::button(uint8_t button, bool isDown)
-{
-    xcb_test_fake_input(m_connection, isDown ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, button,
-        XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
-    sync();
-}
-
-void XClient::releaseAll()
-{
-    while (!m_pressed.empty())
-        release(m_pressed.back());
-}
-
-xcb_window_t XClient::openWindow(const QRect& r, uint32_t colour, bool isManaged)
-{
-    const xcb_window_t window = xcb_generate_id(m_connection);
+    const xcb_window_t window = xcb_generate_id(connection());
     const uint32_t values[] = {colour, !isManaged, XCB_EVENT_MASK_KEY_PRESS};
-    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, window, m_screen->root, r.x(), r.y(), r.width(),
-        r.height(), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+    xcb_create_window(connection(), XCB_COPY_FROM_PARENT, window, root(), r.x(), r.y(), r.width(), r.height(),
+        0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
         XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
-    xcb_map_window(m_connection, window);
+    xcb_map_window(connection(), window);
     sync();
     return window;
 }
 
-void XClient::focus(xcb_window_t window)
+void OtherProgram::focus(xcb_window_t window) const
 {
-    xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+    xcb_set_input_focus(connection(), XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
     sync();
 }
 
-void XClient::raise(xcb_window_t window)
+void OtherProgram::raise(xcb_window_t window) const
 {
     const uint32_t above = XCB_STACK_MODE_ABOVE;
-    xcb_configure_window(m_connection, window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
+    xcb_configure_window(connection(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
     sync();
 }
 
-bool XClient::isAbove(xcb_window_t upper, xcb_window_t lower) const
+bool OtherProgram::isAbove(xcb_window_t upper, xcb_window_t lower) const
 {
-    const auto tree =
-        answer(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, m_screen->root), nullptr));
-    const xcb_window_t* first = xcb_query_tree_children(tree.get());
-    const xcb_window_t* end = first + xcb_query_tree_children_length(tree.get());
-    return std::find(first, end, lower) < std::find(first, end, upper);
+    const std::vector<xcb_window_t> windows = visibleWindows();
+    return std::ranges::find(windows, lower) < std::ranges::find(windows, upper);
 }
 
-xcb_window_t XClient::focused() const
-{
-    const auto cookie = xcb_get_input_focus(m_connection);
-    return answer(xcb_get_input_focus_reply(m_connection, cookie, nullptr))->focus;
-}
-
-int XClient::takePresses()
+int OtherProgram::takePresses() const
 {
     sync();
     int presses = 0;
-    while (const auto event = answer(xcb_poll_for_event(m_connection)))
+    while (const auto event = answer(xcb_poll_for_event(connection())))
         presses += (event->response_type & 0x7f) == XCB_KEY_PRESS;
     return presses;
 }
 
-bool XClient::grabKeyboard()
+bool OtherProgram::grabKeyboard() const
 {
     const auto cookie = xcb_grab_keyboard(
-        m_connection, false, m_screen->root, XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    return answer(xcb_grab_keyboard_reply(m_connection, cookie, nullptr))->status == XCB_GRAB_STATUS_SUCCESS;
+        connection(), false, root(), XCB_CURRENT_TIME, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    return answer(xcb_grab_keyboard_reply(connection(), cookie, nullptr))->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
-void XClient::ungrabKeyboard()
+void OtherProgram::ungrabKeyboard() const
 {
-    xcb_ungrab_keyboard(m_connection, XCB_CURRENT_TIME);
+    xcb_ungrab_keyboard(connection(), XCB_CURRENT_TIME);
     sync();
 }
 
-bool XClient::grabPointer()
+bool OtherProgram::grabPointer() const
 {
-    const auto cookie = xcb_grab_pointer(m_connection, false, m_screen->root, 0, XCB_GRAB_MODE_ASYNC,
+    const auto cookie = xcb_grab_pointer(connection(), false, root(), 0, XCB_GRAB_MODE_ASYNC,
         XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
-    return answer(xcb_grab_pointer_reply(m_connection, cookie, nullptr))->status == XCB_GRAB_STATUS_SUCCESS;
+    return answer(xcb_grab_pointer_reply(connection(), cookie, nullptr))->status == XCB_GRAB_STATUS_SUCCESS;
 }
 
-void XClient::ungrabPointer()
+void OtherProgram::ungrabPointer() const
 {
-    xcb_ungrab_pointer(m_connection, XCB_CURRENT_TIME);
+    xcb_ungrab_pointer(connection(), XCB_CURRENT_TIME);
     sync();
 }
 
-bool XClient::grabKey(xcb_keycode_t key, uint16_t modifiers)
+bool OtherProgram::grabKey(Key key, uint16_t modifiers) const
 {
     const auto cookie = xcb_grab_key_checked(
-        m_connection, false, m_screen->root, modifiers, key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    return !answer(xcb_request_check(m_connection, cookie));
+        connection(), false, root(), modifiers, quint8(key), XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    return !answer(xcb_request_check(connection(), cookie));
 }
 
-void XClient::ungrabKey(xcb_keycode_t key, uint16_t modifiers)
+void OtherProgram::ungrabKey(Key key, uint16_t modifiers) const
 {
-    xcb_ungrab_key(m_connection, key, m_screen->root, modifiers);
-    sync();
-}
-
-void XClient::sync() const
-{
-    answer(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
-}
-
-void XClient::sendKey(uint8_t type, xcb_keycode_t key)
-{
-    xcb_test_fake_input(m_connection, type, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+    xcb_ungrab_key(connection(), quint8(key), root(), modifiers);
     sync();
 }
 

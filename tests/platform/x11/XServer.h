@@ -1,13 +1,10 @@
 #pragma once
 
+#include "tests/desktop/Input.h"
+
 #include <QProcess>
-#include <QRect>
-#include <QStringList>
 
 #include <functional>
-#include <vector>
-
-#include <xcb/xcb.h>
 
 // A virtual X server that ends with this object.
 class XServer {
@@ -24,61 +21,26 @@ private:
     QString m_display;
 };
 
-// A window manager that runs for as long as it lives.
-class WindowManager {
+// Another program on an X server, with windows that tell what keys they got.
+class OtherProgram : public XClient {
 public:
-    explicit WindowManager(const QString& display);
-    ~WindowManager();
+    using XClient::XClient;
 
-    // It has no time to tidy up.
-    void kill();
-
-private:
-    QProcess m_process;
-};
-
-// Another program on an X server: a connection of its own, with real keys and windows that tell what keys
-// they got.
-class XClient {
-public:
-    explicit XClient(const QString& display);
-    ~XClient();
-    Q_DISABLE_COPY_MOVE(XClient)
-
-    xcb_connection_t* get() const { return m_connection; }
-    const xcb_screen_t& screen() const { return *m_screen; }
-    // Moves the real key. All keys are let go with the client.
-    void press(xcb_keycode_t key);
-    void release(xcb_keycode_t key);
-    void releaseAll();
-    // Moves the real pointer, to a pixel of the root window.
-    void movePointer(QPoint pixel);
-    void button(uint8_t button, bool isDown);
     // A mapped window of one colour, which hears keys.
-    xcb_window_t openWindow(const QRect& pixels, uint32_t colour, bool isManaged = false);
-    void focus(xcb_window_t window);
-    void raise(xcb_window_t window);
-    // Of two windows on the root.
+    xcb_window_t openWindow(const QRect& pixels, uint32_t colour, bool isManaged = false) const;
+    void focus(xcb_window_t window) const;
+    void raise(xcb_window_t window) const;
+    // Of two windows that show on the root.
     bool isAbove(xcb_window_t upper, xcb_window_t lower) const;
-    xcb_window_t focused() const;
     // Key presses since the last call.
-    int takePresses();
-    bool grabKeyboard();
-    void ungrabKeyboard();
-    bool grabPointer();
-    void ungrabPointer();
+    int takePresses() const;
+    bool grabKeyboard() const;
+    void ungrabKeyboard() const;
+    bool grabPointer() const;
+    void ungrabPointer() const;
     // False when another client has it.
-    bool grabKey(xcb_keycode_t key, uint16_t modifiers);
-    void ungrabKey(xcb_keycode_t key, uint16_t modifiers);
-    // Until the server has done all of the above.
-    void sync() const;
-
-private:
-    void sendKey(uint8_t type, xcb_keycode_t key);
-
-    xcb_connection_t* m_connection;
-    const xcb_screen_t* m_screen = nullptr;
-    std::vector<xcb_keycode_t> m_pressed;
+    bool grabKey(Key key, uint16_t modifiers) const;
+    void ungrabKey(Key key, uint16_t modifiers) const;
 };
 
 // The server of the test program, where its Qt lives.

@@ -1,5 +1,6 @@
 #include "platform/x11/XWindowList.h"
 
+#include "tests/desktop/Process.h"
 #include "tests/platform/x11/XServer.h"
 
 #include <QFile>
@@ -39,9 +40,7 @@ QString ownName()
 // A server with windows to list, and the list of them.
 class ListedServer {
 public:
-    ~ListedServer() { xcb_disconnect(m_connection); }
-
-    XClient& client() { return m_client; }
+    const OtherProgram& client() const { return m_client; }
     QString display() const { return m_server.display(); }
     void kill() { m_server.kill(); }
     std::vector<WindowRecord> read() const { return m_list.read(); }
@@ -55,7 +54,7 @@ public:
     xcb_atom_t atom(const char* name) const { return m_x->atom(name); }
     void set(xcb_window_t window, const Property& p)
     {
-        xcb_change_property(m_client.get(), XCB_PROP_MODE_REPLACE, window, atom(p.name), atom(p.type),
+        xcb_change_property(m_client.connection(), XCB_PROP_MODE_REPLACE, window, atom(p.name), atom(p.type),
             p.format, p.data.size() * 8 / p.format, p.data.constData());
         m_client.sync();
     }
@@ -67,20 +66,20 @@ public:
     }
     void putInto(xcb_window_t parent, xcb_window_t window)
     {
-        xcb_reparent_window(m_client.get(), window, parent, 2, 20);
+        xcb_reparent_window(m_client.connection(), window, parent, 2, 20);
         m_client.sync();
     }
     // As a window manager tells it.
     void setClients(const std::vector<quint32>& windows)
     {
-        set(m_client.screen().root, numbers("_NET_CLIENT_LIST_STACKING", windows, "WINDOW"));
+        set(m_client.root(), numbers("_NET_CLIENT_LIST_STACKING", windows, "WINDOW"));
     }
 
 private:
     XServer m_server{QStringLiteral("800x600x24")};
-    XClient m_client{m_server.display()};
-    xcb_connection_t* m_connection = xcb_connect(m_server.display().toUtf8().constData(), nullptr);
-    std::shared_ptr<XConnection> m_x = std::make_shared<XConnection>(m_connection, 0);
+    const OtherProgram m_client{m_server.display()};
+    const XClient m_own{m_server.display()};
+    std::shared_ptr<XConnection> m_x = std::make_shared<XConnection>(m_own.connection(), 0);
     XWindowList m_list{m_x};
 };
 
@@ -95,8 +94,6 @@ TEST(XWindowList, ReadsWhatAWindowTells)
         WindowRecord expected;
     } cases[] = {
         {"nothing", {}, {kPixels, {}, {}, 1}},
-        {"class and title", {ofClass("Clock"), {"_NET_WM_NAME", "UTF8_STRING", 8, "caf\xc3\xa9"}},
-            {kPixels, QStringLiteral("Clock"), QStringLiteral("caf\u00e9"), 1}},
         {"both titles", {{"WM_NAME", "STRING", 8, "old"}, {"_NET_WM_NAME", "UTF8_STRING", 8, "new"}},
             {kPixels, {}, QStringLiteral("new"), 1}},
         {"older title", {{"WM_NAME", "STRING", 8, "caf\xe9"}}, {kPixels, {}, QStringLiteral("caf\u00e9"), 1}},
@@ -110,7 +107,6 @@ TEST(XWindowList, ReadsWhatAWindowTells)
         {"shadow", {numbers("_GTK_FRAME_EXTENTS", {10, 20, 5, 25})}, {{60, 65, 170, 70}, {}, {}, 1}},
         {"shadow as large as the window", {numbers("_GTK_FRAME_EXTENTS", {100, 100, 0, 0})},
             {kPixels, {}, {}, 1}},
-        {"shadow as tall", {numbers("_GTK_FRAME_EXTENTS", {0, 0, 50, 50})}, {kPixels, {}, {}, 1}},
         {"shadow beyond all numbers", {numbers("_GTK_FRAME_EXTENTS", {1, 2, ~0U, 3})}, {kPixels, {}, {}, 1}},
         {"shadow of one side", {numbers("_GTK_FRAME_EXTENTS", {10})}, {kPixels, {}, {}, 1}},
     };
@@ -126,7 +122,7 @@ TEST(XWindowList, ReadsWhatAWindowTells)
         EXPECT_EQ(windows[0].owner, c.expected.owner);
         EXPECT_EQ(windows[0].name, c.expected.name);
         EXPECT_NEAR(windows[0].alpha, c.expected.alpha, 1e-6);
-        xcb_destroy_window(server.client().get(), window);
+        xcb_destroy_window(server.client().connection(), window);
     }
 }
 
@@ -147,8 +143,8 @@ TEST(XWindowList, KnowsADockByAnyOfItsTypes)
 TEST(XWindowList, ListsWhatShowsFromFrontToBack)
 {
     ListedServer server;
-    xcb_connection_t* c = server.client().get();
-    const xcb_window_t root = server.client().screen().root;
+    xcb_connection_t* c = server.client().connection();
+    const xcb_window_t root = server.client().root();
     server.open({0, 0, 300, 300}, "low");
     const xcb_window_t raised = server.open({-150, -150, 300, 300}, "partly outside");
     xcb_unmap_window(c, server.open({0, 0, 100, 100}, "hidden"));
@@ -229,7 +225,10 @@ TEST(XWindowList, FollowsAWindowManagerUntilItsSuddenEnd)
 {
     ListedServer server;
     server.set(server.client().openWindow({100, 100, 200, 100}, 0, true), ofClass("Managed"));
-    WindowManager manager(server.display());
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DISPLAY"), server.display());
+    const auto manager =
+        startProcess(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")}, environment);
     const auto hasFrame = [&server] {
         const std::vector<WindowRecord> windows = server.read(); // none for a moment
         return !windows.empty() && windows.back().pixels.height() > 100;
@@ -237,7 +236,8 @@ TEST(XWindowList, FollowsAWindowManagerUntilItsSuddenEnd)
     ASSERT_TRUE(waitFor(hasFrame));
     server.open({300, 300, 50, 50}, "Menu");
     EXPECT_EQ(server.owners(), QStringList({QStringLiteral("Menu"), QStringLiteral("Managed")}));
-    manager.kill();
+    manager->kill();
+    manager->waitForFinished();
     EXPECT_TRUE(waitFor([&] { return !hasFrame(); }));
     QStringList owners = server.owners();
     owners.sort();
@@ -250,18 +250,18 @@ TEST(XWindowList, LeavesOutWindowsThatGoWhileItReads)
     server.open({0, 0, 50, 50}, "Lasting");
     std::atomic<bool> isOver = false;
     std::thread others([&isOver, display = server.display()] {
-        XClient client(display);
+        const XClient client(display);
         const QByteArray name = ofClass("Passing").data;
         while (!isOver) {
-            const xcb_window_t window = xcb_generate_id(client.get());
+            const xcb_window_t window = xcb_generate_id(client.connection());
             const uint32_t isUnmanaged = 1;
-            xcb_create_window(client.get(), XCB_COPY_FROM_PARENT, window, client.screen().root, 0, 0, 9, 9, 0,
+            xcb_create_window(client.connection(), XCB_COPY_FROM_PARENT, window, client.root(), 0, 0, 9, 9, 0,
                 XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT, &isUnmanaged);
-            xcb_change_property(client.get(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS,
+            xcb_change_property(client.connection(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS,
                 XCB_ATOM_STRING, 8, name.size(), name.constData());
-            xcb_map_window(client.get(), window);
+            xcb_map_window(client.connection(), window);
             client.sync();
-            xcb_destroy_window(client.get(), window);
+            xcb_destroy_window(client.connection(), window);
         }
     });
     int passing = 0;
@@ -288,7 +288,7 @@ TEST(XWindowList, ListsThousands)
     const xcb_window_t last = server.open({0, 0, 10, 10}, "Last");
     server.putInto(server.client().openWindow({5, 5, 30, 30}, 0), last);
     clients.append(reinterpret_cast<const char*>(&last), sizeof last);
-    server.set(server.client().screen().root, {"_NET_CLIENT_LIST_STACKING", "WINDOW", 32, clients});
+    server.set(server.client().root(), {"_NET_CLIENT_LIST_STACKING", "WINDOW", 32, clients});
     const std::vector<WindowRecord> windows = server.read();
     ASSERT_EQ(windows.size(), kWindows + 1);
     EXPECT_EQ(windows.front().owner, QStringLiteral("Last"));
