@@ -1,5 +1,7 @@
 #include "app/NetworkEndpointTest.h"
 
+#include "commonutils/CommUpload.h"
+
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QTimer>
@@ -9,16 +11,11 @@ namespace {
 constexpr int kTimeoutMs = 10000;
 constexpr int kServerErrors = 500; // the first of the codes by which a server says that it is broken
 
-bool isWebAddress(const QUrl& url)
-{
-    const bool isWeb = url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http");
-    return isWeb && !url.host().isEmpty();
-}
-
 QNetworkRequest requestFor(const QUrl& url)
 {
     QNetworkRequest request(url);
     request.setTransferTimeout(kTimeoutMs);
+    request.setSslConfiguration(CommUpload::trust());
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     return request;
 }
@@ -45,7 +42,7 @@ void NetworkEndpointTest::ask(const QString& address, Answer answer)
         m_open = nullptr;
     }
     const QUrl url(address, QUrl::StrictMode);
-    if (!isWebAddress(url)) {
+    if (!CommUpload::isEndpoint(url)) {
         QTimer::singleShot(
             0, &m_context, [answer, address] { answer(QStringLiteral("\u201c%1\u201d").arg(address)); });
         return;

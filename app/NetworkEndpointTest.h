@@ -9,8 +9,9 @@
 class QNetworkAccessManager;
 class QNetworkReply;
 
-// Whether a web server answers at the address, whatever it says short of being broken. Nothing is sent there
-// but the request for the page itself, and no other address is followed.
+// Whether a web server answers at the address, whatever it says short of being broken; with the same
+// addresses and certificates as uploads take. Nothing is sent there but the request for the page itself, and
+// no other address is followed.
 class NetworkEndpointTest final : public EndpointTest {
 public:
     NetworkEndpointTest();

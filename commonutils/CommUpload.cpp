@@ -4,7 +4,6 @@
 #include <QHttpMultiPart>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSslConfiguration>
 
 #include <utility>
 
@@ -27,16 +26,6 @@ QHttpPart textField(const char* disposition, const QString& text)
     QHttpPart part = field(disposition);
     part.setBody(text.toUtf8());
     return part;
-}
-
-// The system's authorities, and those of the file that SSL_CERT_FILE names.
-QSslConfiguration trust()
-{
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    const QString file = qEnvironmentVariable("SSL_CERT_FILE");
-    if (!file.isEmpty())
-        configuration.addCaCertificates(file);
-    return configuration;
 }
 
 // The service's own words about a refusal, on one line; empty for none.
@@ -75,6 +64,15 @@ bool CommUpload::isEndpoint(const QUrl& endpoint)
     const bool isPrivate =
         endpoint.scheme() == QLatin1String("https") || (endpoint.scheme() == QLatin1String("http") && isHere);
     return endpoint.isValid() && isPrivate && !endpoint.host().isEmpty();
+}
+
+QSslConfiguration CommUpload::trust()
+{
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    const QString file = qEnvironmentVariable("SSL_CERT_FILE");
+    if (!file.isEmpty())
+        configuration.addCaCertificates(file);
+    return configuration;
 }
 
 void CommUpload::uploadImageToScreenshotWithImageMeta(const UploadImageMeta& meta,

@@ -8,6 +8,7 @@
 #include <QNetworkReply>
 #include <QObject>
 #include <QPointer>
+#include <QSslConfiguration>
 #include <QTimer>
 
 #include <functional>
@@ -34,6 +35,9 @@ public:
 
     // Whether pictures may go there: an https: address, or an http: one on this machine itself.
     static bool isEndpoint(const QUrl& endpoint);
+    // Whose certificates are good: those of the system's authorities, and of the file that SSL_CERT_FILE
+    // names.
+    static QSslConfiguration trust();
 
     static constexpr char16_t kCancelled[] = u"The request was cancelled";
 

@@ -61,8 +61,9 @@ TEST(NetworkEndpointTest, SaysWhyNobodyAnswers)
     {
         closed = OneAnswer("200 OK").address();
     }
-    for (const QString& address : {closed, QString(), QStringLiteral("example"),
-             QStringLiteral("file:///etc"), QStringLiteral("https://")}) {
+    for (const QString& address :
+        {closed, QString(), QStringLiteral("example"), QStringLiteral("file:///etc"),
+            QStringLiteral("https://"), QStringLiteral("http://192.0.2.1/")}) {
         SCOPED_TRACE(address.toStdString());
         const auto failure = failureOf(address);
         ASSERT_TRUE(failure);

@@ -154,6 +154,13 @@ protected:
         });
         return now;
     }
+    // The first word of the doctor's line.
+    std::string doctorOnUploads() const
+    {
+        const QString lines = m_program.run({QStringLiteral("doctor")}).out;
+        const QStringList found = lines.split(QLatin1Char('\n')).filter(QStringLiteral(" upload "));
+        return found.value(0).section(QLatin1Char(' '), 0, 0).toStdString();
+    }
     bool waitForNoPicture() const
     {
         return waitUntil([this] { return m_program.savedPictures().isEmpty(); });
@@ -359,5 +366,11 @@ TEST_F(Upload, GivesNothingToAServerWithAnotherCertificate)
     ASSERT_TRUE(waitForWindow(kAlert));
     EXPECT_EQ(m_program.savedPictures().size(), 1);
     EXPECT_TRUE(Program::allFiles(in("data/pictures")).isEmpty());
+    EXPECT_EQ(doctorOnUploads(), "wrong");
     type({Key::Escape});
+}
+
+TEST_F(Upload, IsRightForTheDoctorToo)
+{
+    EXPECT_EQ(doctorOnUploads(), "right");
 }
