@@ -30,15 +30,6 @@ double error(const QImage& image)
 
 }
 
-TEST(ColourPalette, KeepsUpTo256Colours)
-{
-    for (int count : {1, 2, 3, 200, 256}) {
-        SCOPED_TRACE(count);
-        EXPECT_EQ(ColourPalette(withColours(count)).colours().size(), size_t(count));
-        EXPECT_EQ(error(withColours(count)), 0);
-    }
-}
-
 TEST(ColourPalette, StaysNearThePictureWhereColoursAreMore)
 {
     const struct {

@@ -11,15 +11,6 @@ constexpr ZRSize kNotice{345, 65};
 
 }
 
-TEST(NotificationRules, PlaceNoticesAtTheTopRight)
-{
-    const ZRRect standing = NotificationRules::standing(kScreen, kNotice);
-    EXPECT_EQ(standing, (ZRRect{1085, 798, 345, 65}));
-    EXPECT_EQ(NotificationRules::hiddenAtRightEdge(kScreen, kNotice), (ZRRect{1440, 798, 0, 65}));
-    EXPECT_EQ(NotificationRules::slidOut(standing), (ZRRect{1440, 798, 0, 65}));
-    EXPECT_EQ(NotificationRules::belowNewOne(standing, 90), (ZRRect{1085, 698, 345, 65}));
-}
-
 TEST(NotificationRules, KeepToTheCornerOfAnotherScreen)
 {
     const ZRSize other{800, 600};

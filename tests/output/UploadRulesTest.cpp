@@ -39,19 +39,6 @@ TEST(UploadRules, TakeTheLinkOfTheShareTarget)
     EXPECT_EQ(UploadRules::linkFor({}, UploadRules::kGoogle), QString());
 }
 
-TEST(UploadRules, ShowAFullBarForTheAnswerOnly)
-{
-    for (const auto& [fraction, shown] : {std::pair{0.0, 0.0}, {0.5, 0.5}, {0.995, 0.99}, {1.0, 0.99}})
-        EXPECT_EQ(UploadRules::shownProgress(fraction), shown);
-}
-
-TEST(UploadRules, TellACancelledTransferFromAFailedOne)
-{
-    EXPECT_TRUE(UploadRules::isCancellation(QStringLiteral("Error: The request was cancelled.")));
-    EXPECT_FALSE(UploadRules::isCancellation(QStringLiteral("the service does not go on")));
-    EXPECT_FALSE(UploadRules::isCancellation(QString()));
-}
-
 TEST(UploadRules, NeverTakeTheNameOfAFileThatIsThere)
 {
     const QTemporaryDir folder;

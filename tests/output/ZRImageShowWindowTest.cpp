@@ -66,14 +66,6 @@ qint64 residentPages()
 
 }
 
-TEST(ZRImageShowWindow, ShowsItsPartOfThePicturePixelForPixel)
-{
-    const Pin pin;
-    EXPECT_EQ(pin.window->geometry(), QRect(110, 20, 80, 40));
-    const QImage shown = pin.window->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    EXPECT_EQ(shown, numbered(81, 41).copy(1, 0, 80, 40));
-}
-
 TEST(ZRImageShowWindow, ShowsItsButtonUnderThePointerOnly)
 {
     const Pin pin;
@@ -86,17 +78,6 @@ TEST(ZRImageShowWindow, ShowsItsButtonUnderThePointerOnly)
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(pin.window.get(), &leave);
     EXPECT_FALSE(button->isVisible());
-}
-
-TEST(ZRImageShowWindow, IsDraggedByItsBody)
-{
-    const Pin pin;
-    QTest::mousePress(pin.window.get(), Qt::LeftButton, {}, {30, 30});
-    QTest::mouseMove(pin.window.get(), {50, 45});
-    EXPECT_EQ(pin.window->pos(), QPoint(130, 35));
-    QTest::mouseRelease(pin.window.get(), Qt::LeftButton, {}, {30, 30});
-    QTest::mouseMove(pin.window.get(), {70, 45});
-    EXPECT_EQ(pin.window->pos(), QPoint(130, 35)) << "only while the button is down";
 }
 
 TEST(ZRImageShowWindow, TurnsTheWheelIntoZoomAndOpacity)

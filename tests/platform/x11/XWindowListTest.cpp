@@ -94,8 +94,8 @@ TEST(XWindowList, ReadsWhatAWindowTells)
         WindowRecord expected;
     } cases[] = {
         {"nothing", {}, {kPixels, {}, {}, 1}},
-        {"both titles", {{"WM_NAME", "STRING", 8, "old"}, {"_NET_WM_NAME", "UTF8_STRING", 8, "new"}},
-            {kPixels, {}, QStringLiteral("new"), 1}},
+        {"both titles", {{"WM_NAME", "STRING", 8, "old"}, {"_NET_WM_NAME", "UTF8_STRING", 8, "n\xc3\xa9w"}},
+            {kPixels, {}, QStringLiteral("n\u00e9w"), 1}},
         {"older title", {{"WM_NAME", "STRING", 8, "caf\xe9"}}, {kPixels, {}, QStringLiteral("caf\u00e9"), 1}},
         {"process", {numbers("_NET_WM_PID", {quint32(getpid())})}, {kPixels, ownName(), {}, 1}},
         {"class before process", {ofClass("Clock"), numbers("_NET_WM_PID", {quint32(getpid())})},
