@@ -13,12 +13,8 @@ TEST(ChromeRules, PlaceTheSizeLabelAboveTheRegion)
     const Case cases[] = {
         {"above", {100, 50, 300, 200}, {100, 255}},
         {"just below the top", {100, 50, 300, 522}, {100, 577}},
-        {"reaching the top", {100, 50, 300, 523}, {100, 578}},
         {"reaching past the top by a point", {100, 50, 300, 524}, {100, 578}},
         {"at the top", {100, 50, 300, 550}, {100, 578}},
-        {"the whole display", {0, 0, 800, 600}, {0, 578}},
-        {"pulled past the left edge", {400, 50, -300, 200}, {100, 255}},
-        {"pulled past the bottom edge", {100, 250, 300, -200}, {100, 255}},
         {"pulled past both", {400, 250, -300, -200}, {100, 255}},
         {"beyond the left", {-20, 50, 60, 20}, {-20, 75}},
     };
@@ -38,10 +34,8 @@ TEST(ChromeRules, HoldTheMagnifierAtTheRightAndBottomEdges)
         {"free", {300, 400}, {310, 265}},
         {"the last free column", {689, 400}, {699, 265}},
         {"reaching the right edge", {690, 400}, {700, 265}},
-        {"at the right edge", {799, 400}, {700, 265}},
         {"the last free row", {300, 136}, {310, 1}},
         {"reaching the bottom edge", {300, 135}, {310, 0}},
-        {"at the bottom edge", {300, 0}, {310, 0}},
         {"in the corner, over the pointer", {799, 1}, {700, 0}},
         {"beyond the left", {-30, 400}, {-20, 265}},
     };
@@ -118,7 +112,6 @@ TEST(ChromeRules, CutNumbersTowardsZeroButNotForARoundingResidue)
 
 TEST(ChromeRules, WriteColoursInLowerCaseWithTwoDigitsEach)
 {
-    EXPECT_EQ(ChromeRules::hexText({50, 166, 255}), QStringLiteral("#32a6ff"));
     EXPECT_EQ(ChromeRules::hexText({0, 10, 171}), QStringLiteral("#000aab"));
     for (int value = 0; value < 256; ++value) // no component loses its last digit
         EXPECT_EQ(ChromeRules::hexText({value, value, value}), QColor(value, value, value).name());

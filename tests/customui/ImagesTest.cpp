@@ -62,20 +62,13 @@ TEST(Images, HaveAPictureForEveryName)
     }
 }
 
-TEST(Images, StandInTheMiddleOfTheirBox)
+TEST(Images, StandInTheMiddleOfTheirBoxAndTellTheirStatesApartByColourAlone)
 {
     for (const QString& base : kControls) {
         SCOPED_TRACE(qPrintable(base));
         const QRect drawn = covered(picture(base, {96, 96}));
         EXPECT_LE(qAbs(drawn.left() + drawn.right() - 95), 8);
         EXPECT_LE(qAbs(drawn.top() + drawn.bottom() - 95), 8);
-    }
-}
-
-TEST(Images, TellTheirStatesApartByColourAlone)
-{
-    for (const QString& base : kControls) {
-        SCOPED_TRACE(qPrintable(base));
         QList<QImage> states;
         for (const char* suffix : {"-normal", "-hover", "-down", "-disabled"})
             states << picture(base + QLatin1String(suffix));

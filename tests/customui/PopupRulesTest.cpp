@@ -17,51 +17,34 @@ bool isInside(ZRRect r, ZRSize space)
 
 }
 
-TEST(PopupRules, StandBelowOrAboveAnItemOfTheDrawingToolbar)
+TEST(PopupRules, StandWhereTheyPreferOrOppositeOfIt)
 {
     struct Case {
         const char* what;
         ZRRect item;
+        int direction;
         Side side;
-        double x, y;
+        ZRPoint origin;
     };
+    const ZRSize list{58, 144}; // beside the item; the ribbon stands below or above it
     const Case cases[] = {
-        {"in the middle", {484, 300, 32, 32}, Side::Below, 310, 300 - kDistance - 48},
-        {"just enough room below", {484, 48 + kDistance, 32, 32}, Side::Below, 310, 0},
-        {"too little room below", {484, 47 + kDistance, 32, 32}, Side::Above, 310, 79 + 2 * kDistance},
-        {"at the left edge", {0, 300, 32, 32}, Side::Below, 0, 300 - kDistance - 48},
-        {"at the right edge", {968, 300, 32, 32}, Side::Below, 620, 300 - kDistance - 48},
+        {"in the middle", {484, 300, 32, 32}, 1, Side::Below, {310, 300 - kDistance - 48}},
+        {"just enough room below", {484, 48 + kDistance, 32, 32}, 1, Side::Below, {310, 0}},
+        {"too little room below", {484, 47 + kDistance, 32, 32}, 1, Side::Above, {310, 79 + 2 * kDistance}},
+        {"at the left edge", {0, 300, 32, 32}, 1, Side::Below, {0, 300 - kDistance - 48}},
+        {"at the right edge", {968, 300, 32, 32}, 1, Side::Below, {620, 300 - kDistance - 48}},
+        {"just enough room to the right", {910 - kDistance, 300, 32, 32}, 2, Side::Right, {942, 244}},
+        {"too little room to the right", {911 - kDistance, 300, 32, 32}, 2, Side::Left,
+            {853 - 2 * kDistance, 244}},
+        {"at the bottom", {500, 0, 32, 32}, 2, Side::Right, {532 + kDistance, 0}},
+        {"at the top", {500, 568, 32, 32}, 2, Side::Right, {532 + kDistance, 456}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        const PopupRules::Placement p = PopupRules::besideAnchor(c.item, c.item, kRibbon, kSpace, 1);
-        EXPECT_EQ(p.side, c.side);
-        EXPECT_EQ(p.panel, (ZRRect{c.x, c.y, kRibbon.width, kRibbon.height}));
-    }
-}
-
-TEST(PopupRules, StandRightOrLeftOfAnItemOfTheOutputToolbar)
-{
-    const ZRSize list{58, 144};
-    struct Case {
-        const char* what;
-        ZRRect item;
-        Side side;
-        double x, y;
-    };
-    const Case cases[] = {
-        {"room to the right", {500, 300, 32, 32}, Side::Right, 532 + kDistance, 244},
-        {"just enough room to the right", {968 - kDistance - 58, 300, 32, 32}, Side::Right, 942, 244},
-        {"too little room to the right", {969 - kDistance - 58, 300, 32, 32}, Side::Left,
-            911 - 2 * (kDistance + 29), 244},
-        {"at the bottom", {500, 0, 32, 32}, Side::Right, 532 + kDistance, 0},
-        {"at the top", {500, 568, 32, 32}, Side::Right, 532 + kDistance, 456},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        const PopupRules::Placement p = PopupRules::besideAnchor(c.item, c.item, list, kSpace, 2);
-        EXPECT_EQ(p.side, c.side);
-        EXPECT_EQ(p.panel, (ZRRect{c.x, c.y, list.width, list.height}));
+        const ZRSize panel = c.direction == 1 ? kRibbon : list;
+        const auto placement = PopupRules::besideAnchor(c.item, c.item, panel, kSpace, c.direction);
+        EXPECT_EQ(placement.side, c.side);
+        EXPECT_EQ(placement.panel, (ZRRect{c.origin.x, c.origin.y, panel.width, panel.height}));
     }
 }
 

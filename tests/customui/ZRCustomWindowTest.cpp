@@ -42,22 +42,12 @@ struct Stage {
 
 }
 
-TEST(ZRCustomWindow, IsNoWindowOfItsOwnOverAnother)
-{
-    Stage stage;
-    EXPECT_FALSE(stage.popup.isWindow());
-    EXPECT_FALSE(stage.popup.isVisible());
-    stage.popup.popupWithContentView(stage.content(367, 32), &stage.item, 1);
-    EXPECT_TRUE(stage.popup.isVisible());
-    EXPECT_EQ(stage.overlay.childAt(396, 370), stage.popup.contentView());
-    stage.popup.orderOut();
-    EXPECT_FALSE(stage.popup.isVisible());
-}
-
 TEST(ZRCustomWindow, PointsItsArrowAtTheItem)
 {
     Stage stage;
+    EXPECT_FALSE(stage.popup.isVisible());
     stage.popup.popupWithContentView(stage.content(367, 32), &stage.item, 1);
+    EXPECT_EQ(stage.overlay.childAt(396, 370), stage.popup.contentView());
     const QImage below = stage.picture();
     const ZRRect panel = stage.popup.panelInWindow();
     EXPECT_EQ(panel.size(), (ZRSize{383, 48}));
@@ -69,6 +59,8 @@ TEST(ZRCustomWindow, PointsItsArrowAtTheItem)
     const QImage right = stage.picture();
     EXPECT_EQ(right.pixelColor(606, 320), kPanel); // right of the bar, beside the middle of the item
     EXPECT_NE(right.pixelColor(606, 340), kPanel);
+    stage.popup.orderOut();
+    EXPECT_FALSE(stage.popup.isVisible());
 }
 
 TEST(ZRCustomWindow, DropsAListWithoutAnArrow)

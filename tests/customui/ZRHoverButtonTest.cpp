@@ -65,16 +65,6 @@ void expectLooks(const QImage& seen, const char* imageName, const QColor& backgr
     EXPECT_EQ(seen.copy(middle), expected(imageName, background).copy(middle)) << imageName;
 }
 
-// Counts the paint events of what it watches.
-struct PaintCounter : QObject {
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        count += event->type() == QEvent::Paint;
-        return false;
-    }
-    int count = 0;
-};
-
 }
 
 TEST(ZRHoverButton, ShowsWhatThePointerDoes)
@@ -122,9 +112,7 @@ TEST(ZRHoverButton, ClicksWhenReleasedInside)
     };
     const Case cases[] = {
         {"inside", kInside, kInside, Qt::LeftButton, true, 1},
-        {"at the last pixel", {0, 0}, {31, 31}, Qt::LeftButton, true, 1},
-        {"at the first pixel", {31, 31}, {0, 0}, Qt::LeftButton, true, 1},
-        {"released outside", kInside, kOutside, Qt::LeftButton, true, 0},
+        {"from its first pixel to its last", {0, 0}, {31, 31}, Qt::LeftButton, true, 1},
         {"released one pixel below", kInside, {16, 32}, Qt::LeftButton, true, 0},
         {"the right button", kInside, kInside, Qt::RightButton, true, 0},
         {"disabled", kInside, kInside, Qt::LeftButton, false, 0},
@@ -182,22 +170,4 @@ TEST(ZRHoverButton, AnswersToItsKeyEquivalentOnly)
     }
     Stage none;
     EXPECT_FALSE(none.button.performKeyEquivalent({}, 0));
-}
-
-TEST(ZRHoverButton, RepaintsItselfAloneAndOnlyForAChange)
-{
-    Stage stage;
-    ZRHoverButton other(&stage.window);
-    other.setGeometry(40, 0, 32, 32);
-    other.show();
-    QCoreApplication::processEvents();
-    PaintCounter own, others;
-    stage.button.installEventFilter(&own);
-    other.installEventFilter(&others);
-    for (int i = 0; i < 3; ++i) {
-        stage.button.mouseEntered();
-        QCoreApplication::processEvents();
-    }
-    EXPECT_EQ(own.count, 1);
-    EXPECT_EQ(others.count, 0);
 }
