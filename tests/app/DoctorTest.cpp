@@ -14,12 +14,31 @@
 
 #include <gtest/gtest.h>
 
+#include <span>
+
 namespace {
 
 using State = Finding::State;
 
+struct Case {
+    const char* what;
+    Finding finding;
+    State state;
+    const char* message; // a part of it
+};
+
 class DoctorTest : public testing::Test {
 protected:
+    static void expectThat(std::span<const Case> cases)
+    {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(c.what);
+            EXPECT_EQ(c.finding.state, c.state);
+            EXPECT_TRUE(c.finding.message.contains(QLatin1String(c.message)))
+                << c.finding.message.toStdString();
+            EXPECT_EQ(c.finding.remedy.isEmpty(), c.state == State::Right);
+        }
+    }
     QString path(const char* name) const { return m_folder.filePath(QString::fromLatin1(name)); }
     QString written(const char* name, const QByteArray& bytes) const
     {
@@ -53,12 +72,6 @@ TEST_F(DoctorTest, FilesAreRightWhereTheProgramCanUseThem)
     QFile::setPermissions(made("open"), QFile::Permissions(0x7755));
     QFile::setPermissions(made("own"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     constexpr qint64 kGibibyte = 1 << 30;
-    struct Case {
-        const char* what;
-        Finding finding;
-        State state;
-        const char* message; // a part of it
-    };
     const Case cases[] = {
         {"settings", FileChecks::settingsFile(written("whole.plist", list)), State::Right, "whole"},
         {"no settings", FileChecks::settingsFile(path("none.plist")), State::Right, "defaults"},
@@ -87,12 +100,7 @@ TEST_F(DoctorTest, FilesAreRightWhereTheProgramCanUseThem)
             "cannot be written"},
     };
     const int before = count();
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        EXPECT_EQ(c.finding.state, c.state);
-        EXPECT_TRUE(c.finding.message.contains(QLatin1String(c.message))) << c.finding.message.toStdString();
-        EXPECT_EQ(c.finding.remedy.isEmpty(), c.state == State::Right);
-    }
+    expectThat(cases);
     EXPECT_EQ(count(), before); // nothing was made, moved or left behind
 }
 
@@ -111,12 +119,6 @@ TEST_F(DoctorTest, TheDesktopIsRightWhereACaptureWorksOnIt)
     takenKeys.refusal = HotKeyRefusal::kTaken;
     const QStringList live;
     const QStringList refused{QStringLiteral("the hot key \"cmd 1\" does not work")};
-    struct Case {
-        const char* what;
-        Finding finding;
-        State state;
-        const char* message; // a part of it
-    };
     const Case cases[] = {
         {"displays", DesktopChecks::displays(displays), State::Right, "800x600+0+0; scale 1"},
         {"no display", DesktopChecks::displays(none), State::Wrong, "none"},
@@ -133,12 +135,7 @@ TEST_F(DoctorTest, TheDesktopIsRightWhereACaptureWorksOnIt)
         {"tray", DesktopChecks::tray(true), State::Right, "place"},
         {"no tray", DesktopChecks::tray(false), State::Warning, "no place"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        EXPECT_EQ(c.finding.state, c.state);
-        EXPECT_TRUE(c.finding.message.contains(QLatin1String(c.message))) << c.finding.message.toStdString();
-        EXPECT_EQ(c.finding.remedy.isEmpty(), c.state == State::Right);
-    }
+    expectThat(cases);
     UserDefaults::setStandardUserDefaults(nullptr);
 }
 

@@ -100,6 +100,8 @@ TEST_F(EventMonitorTest, TellsWhichKeyIsRefusedUntilItWorks)
     EXPECT_TRUE(EventMonitor::refusals()[0].contains(QStringLiteral("cmd 1")));
     hotKeys.onStateChange(1, {});
     EXPECT_EQ(EventMonitor::refusals().size(), 1);
+    EXPECT_EQ(EventMonitor::regionRefusal(), QString());
+    EXPECT_EQ(EventMonitor::fullRefusal(), QStringLiteral("taken"));
 }
 
 TEST_F(EventMonitorTest, RestsUntilItIsToldToGoOn)
@@ -114,15 +116,6 @@ TEST_F(EventMonitorTest, RestsUntilItIsToldToGoOn)
     ASSERT_EQ(hotKeys.keys.size(), 2U);
     hotKeys.press(1);
     EXPECT_EQ(fired, QStringList{QStringLiteral("cmd 9")});
-}
-
-TEST_F(EventMonitorTest, TellsWhyEachCapturesKeyIsRefused)
-{
-    AppSettings::setRegionScreenShotHotKey(QString());
-    hotKeys.refusal = QStringLiteral("taken");
-    bind();
-    EXPECT_EQ(EventMonitor::regionRefusal(), QString());
-    EXPECT_EQ(EventMonitor::fullRefusal(), QStringLiteral("taken"));
 }
 
 TEST_F(EventMonitorTest, PostsWhatTheMouseDoesOnceItIsStarted)

@@ -1,7 +1,7 @@
 #include "app/NetworkEndpointTest.h"
 
-#include <QTcpServer>
-#include <QTcpSocket>
+#include "tests/fakes/ScriptedServer.h"
+
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -9,23 +9,6 @@
 #include <optional>
 
 namespace {
-
-// A web server that gives every caller one answer.
-class OneAnswer : public QTcpServer {
-public:
-    explicit OneAnswer(const QByteArray& status)
-    {
-        connect(this, &QTcpServer::newConnection, this, [this, status] {
-            QTcpSocket* caller = nextPendingConnection();
-            connect(caller, &QTcpSocket::readyRead, caller, [caller, status] {
-                caller->write("HTTP/1.1 " + status + "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
-                caller->disconnectFromHost();
-            });
-        });
-        listen(QHostAddress::LocalHost);
-    }
-    QString address() const { return QStringLiteral("http://127.0.0.1:%1/upload").arg(serverPort()); }
-};
 
 // Nothing when no answer comes.
 std::optional<QString> failureOf(const QString& address)
@@ -41,26 +24,18 @@ std::optional<QString> failureOf(const QString& address)
 
 TEST(NetworkEndpointTest, TakesAnyAnswerOfAServerThatIsWhole)
 {
-    const struct {
-        const char* status;
-        bool isFine;
-    } cases[] = {{"200 OK", true}, {"405 Method Not Allowed", true}, {"302 Found", true},
-        {"503 Service Unavailable", false}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.status);
-        const OneAnswer server(c.status);
-        const auto failure = failureOf(server.address());
+    for (const auto& [status, isFine] : {std::pair{200, true}, {405, true}, {302, true}, {503, false}}) {
+        SCOPED_TRACE(status);
+        const ScriptedServer server(ScriptedServer::answer(status, {}));
+        const auto failure = failureOf(server.endpoint().toString());
         ASSERT_TRUE(failure);
-        EXPECT_EQ(failure->isEmpty(), c.isFine) << failure->toStdString();
+        EXPECT_EQ(failure->isEmpty(), isFine) << failure->toStdString();
     }
 }
 
 TEST(NetworkEndpointTest, SaysWhyNobodyAnswers)
 {
-    QString closed;
-    {
-        closed = OneAnswer("200 OK").address();
-    }
+    const QString closed = ScriptedServer({}).endpoint().toString();
     for (const QString& address :
         {closed, QString(), QStringLiteral("example"), QStringLiteral("file:///etc"),
             QStringLiteral("https://"), QStringLiteral("http://192.0.2.1/")}) {
@@ -73,15 +48,12 @@ TEST(NetworkEndpointTest, SaysWhyNobodyAnswers)
 
 TEST(NetworkEndpointTest, GivesUpAnOpenQuestionForTheNext)
 {
-    QTcpServer silent;
-    silent.listen(QHostAddress::LocalHost);
-    const OneAnswer server("200 OK");
+    const ScriptedServer silent({}), server(ScriptedServer::answer(200, {}));
     NetworkEndpointTest test;
     QStringList answered;
-    test.ask(QStringLiteral("http://127.0.0.1:%1/").arg(silent.serverPort()),
-        [&](const QString&) { answered << QStringLiteral("first"); });
+    test.ask(silent.endpoint().toString(), [&](const QString&) { answered << QStringLiteral("first"); });
     QTest::qWait(50);
-    test.ask(server.address(), [&](const QString&) { answered << QStringLiteral("second"); });
+    test.ask(server.endpoint().toString(), [&](const QString&) { answered << QStringLiteral("second"); });
     EXPECT_TRUE(QTest::qWaitFor([&] { return !answered.isEmpty(); }, 2000));
     EXPECT_EQ(answered, QStringList{QStringLiteral("second")});
 }
