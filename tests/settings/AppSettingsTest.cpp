@@ -41,6 +41,9 @@ TEST_F(Settings, AskTheCurrentDomainThenTheOlderOneThenTheRegisteredValues)
     EXPECT_EQ(AppSettings::regionScreenShotHotKey(), QStringLiteral("alt 9"));
     AppSettings::saveToUserDefaultsForKeyIngeterValue(m_oldKey, 6);
     EXPECT_EQ(AppSettings::getFromUserDefaultsInteger(m_oldKey), 6);
+    m_store->setObject(QVariant(), m_oldKey);
+    EXPECT_EQ(m_store->integerForKey(m_oldKey), 7);
+    EXPECT_FALSE(m_store->getObject(m_oldKey, AppSettings::AppBundleId()).isValid());
 }
 
 TEST_F(Settings, ReadHandMadeValues)

@@ -127,16 +127,6 @@ bool mustBeShort(const QString& key)
 
 }
 
-TEST(LanguageFiles, AreTheExpectedOnes)
-{
-    const QStringList expected =
-        QStringLiteral("ChineseSimplified ChineseTraditional Czech Danish Dutch English Finnish French "
-                       "German Greek Hungarian "
-                       "Italian Japanese Norwegian Polish PortugueseBrazil Spanish Swedish Turkish")
-            .split(u' ');
-    EXPECT_EQ(languages(), expected);
-}
-
 TEST(LanguageFiles, HoldTheSameKeysAndMarkersInTheSameOrder)
 {
     const std::string english = shapeOf(textsOf(kEnglish));

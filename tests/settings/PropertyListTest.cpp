@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 namespace {
 
 using PropertyList::binary;
@@ -131,17 +129,10 @@ TEST(PropertyList, RefusesWhatIsNotAWholeListOfBoundedSize)
     }
 }
 
-TEST(PropertyList, SurvivesWhatIsCutShortOrScrambled)
+TEST(PropertyList, RefusesWhatIsCutShort)
 {
-    std::mt19937 random(1);
     for (const QByteArray& whole : {xml(sample()), binary(sample())}) {
         for (qsizetype size = 0; size < whole.trimmed().size(); ++size)
             EXPECT_FALSE(isAccepted(whole.left(size))) << size;
-        for (int round = 0; round < 5000; ++round) {
-            QByteArray scrambled = whole;
-            for (int i = 0; i < 3; ++i)
-                scrambled[static_cast<qsizetype>(random() % scrambled.size())] = static_cast<char>(random());
-            isAccepted(scrambled);
-        }
     }
 }

@@ -52,20 +52,6 @@ TEST(UserDefaults, DoNotWriteAValueThatIsThereAlready)
     EXPECT_NE(FileStamp::of(folder.file()), before);
 }
 
-TEST(UserDefaults, AnswerWithTheRegisteredValueWhereTheDomainHasNone)
-{
-    const SettingsFolder folder;
-    folder.put({{kA, false}});
-    UserDefaults store = folder.store();
-    store.registerDefaults({{kA, true}, {kB, QStringLiteral("12")}});
-    EXPECT_FALSE(store.boolForKey(kA));
-    EXPECT_EQ(store.integerForKey(kB), 12);
-    EXPECT_FALSE(store.getObject(kB, QStringLiteral("app")).isValid());
-    store.setObject(QVariant(), kA);
-    EXPECT_TRUE(store.boolForKey(kA));
-    EXPECT_TRUE(folder.onDisk().isEmpty());
-}
-
 TEST(UserDefaults, KeepABrokenFileBesideAndNeverOverAnEarlierOne)
 {
     const SettingsFolder folder;
