@@ -33,15 +33,6 @@ TEST(DisplayRecord, PlacesAPixelInItsOwnPoints)
     }
 }
 
-TEST(DisplayRecord, HoldsItsFirstPixelsAndNotTheNextDisplays)
-{
-    const DisplayRecord display = displayOfScale(1);
-    EXPECT_TRUE(display.holds({-1920, -300}));
-    EXPECT_TRUE(display.holds({-1, 899}));
-    EXPECT_FALSE(display.holds({0, 0}));
-    EXPECT_FALSE(display.holds({-1, 900}));
-}
-
 TEST(DisplayRecord, ReturnsEveryPixelRectangleUnchanged)
 {
     const QRect rects[] = {

@@ -15,7 +15,7 @@ Frame numberedFrame(int width, int height)
 
 }
 
-TEST(Frame, CropsAtItsEdges)
+TEST(Frame, CropsAtItsEdgesAndHasNothingBesideItself)
 {
     const Frame frame = numberedFrame(20, 10);
     struct Case {
@@ -36,11 +36,6 @@ TEST(Frame, CropsAtItsEdges)
         EXPECT_EQ(crop.pixel(0, 0), c.firstPixel);
         EXPECT_EQ(crop.pixel(crop.width() - 1, 0), c.firstPixel + ((c.size.width() - 1) << 16));
     }
-}
-
-TEST(Frame, HasNothingBesideItself)
-{
-    const Frame frame = numberedFrame(20, 10);
     for (const QRect& rect : {QRect(20, 0, 5, 5), QRect(0, -5, 5, 5), QRect(4, 4, 0, 3)})
         EXPECT_TRUE(frame.crop(rect).isNull());
 }
