@@ -8,6 +8,7 @@
 
 #include <QFileInfo>
 #include <QTextBrowser>
+#include <QtMath>
 
 namespace {
 
@@ -83,8 +84,8 @@ ZRScreenshotUploadingView::ZRScreenshotUploadingView()
     m_fileName->setFont(textFont());
     m_fileName->setPalette(textPalette());
     mProgressView->setGeometry(0, kMargin + kLineHeight, content.width(), kLineHeight);
-    mFinishedText->setGeometry(0, (height() - kLineHeight) / 2, content.width(), kLineHeight);
-    m_finishedNote->setGeometry(0, kMargin + kLineHeight, content.width(), kLineHeight);
+    mFinishedText->resize(content.width(), kLineHeight);
+    m_finishedNote->resize(content.width(), kLineHeight);
     m_finishedNote->setAlignment(Qt::AlignCenter);
     m_finishedNote->setFont(textFont());
     m_finishedNote->setPalette(softPalette());
@@ -111,6 +112,7 @@ void ZRScreenshotUploadingView::setIsFinished(bool isFinished, const QString& wi
     mFinishedText->setHtml(
         AlertRules::addURLs(text, {withUrlLink}, {withUrlLink.isEmpty() ? QString() : learnMore}));
     mFinishedText->setAlignment(Qt::AlignHCenter);
+    arrangeFinished();
 }
 
 QString ZRScreenshotUploadingView::finishedText() const
@@ -121,7 +123,19 @@ QString ZRScreenshotUploadingView::finishedText() const
 void ZRScreenshotUploadingView::setFinishedNote(const QString& note)
 {
     m_finishedNote->setText(note);
-    mFinishedText->move(0, note.isEmpty() ? (height() - kLineHeight) / 2 : kMargin);
+    arrangeFinished();
+}
+
+// The text in as many lines as its language needs, the note below it, both in the middle.
+void ZRScreenshotUploadingView::arrangeFinished()
+{
+    QTextDocument& text = *mFinishedText->document();
+    text.setTextWidth(mFinishedText->width());
+    const int textHeight = qCeil(text.size().height());
+    const int noteHeight = m_finishedNote->text().isEmpty() ? 0 : kLineHeight;
+    const int top = (height() - textHeight - noteHeight) / 2;
+    mFinishedText->setGeometry(0, top, mFinishedText->width(), textHeight);
+    m_finishedNote->move(0, top + textHeight);
 }
 
 void ZRScreenshotUploadingView::setUploadFilePath(const QString& path)

@@ -33,6 +33,7 @@ private:
     ZRScreenshotUploadingView();
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void arrangeFinished();
 
     QWidget* mUploadingView; // while it runs
     QWidget* mFinishedView;

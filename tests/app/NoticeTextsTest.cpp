@@ -3,11 +3,13 @@
 #include "output/ZRBasicLocalNotification.h"
 #include "output/ZRLocalNotificationCenter.h"
 #include "output/ZRNotificationWindow.h"
+#include "output/ZRScreenshotUploadingView.h"
 #include "platform/HotKeys.h"
 #include "platform/WindowServer.h"
 #include "tests/app/Languages.h"
 
 #include <QLabel>
+#include <QTextBrowser>
 
 namespace {
 
@@ -34,6 +36,24 @@ TEST_F(NoticeTexts, FitInEveryLanguage)
                 EXPECT_TRUE(notice.rect().contains(label->geometry()));
             }
         }
+    });
+}
+
+TEST_F(NoticeTexts, OfAnUploadThatHasEndedFitInEveryLanguage)
+{
+    inEveryLanguage([] {
+        const auto view = ZRScreenshotUploadingView::LoadFromNib();
+        view->setIsFinished(true, QStringLiteral("https://example.org/p/1"));
+        view->setFinishedNote(AppSettings::getXMLValueForKeywords(u"Lumora:Upload:LinkCopied"));
+        const auto* text = view->findChild<QTextBrowser*>();
+        const QLabel* note = nullptr;
+        for (const QLabel* label : view->findChildren<QLabel*>())
+            note = label->text() == view->finishedNote() ? label : note;
+        ASSERT_TRUE(text && note);
+        EXPECT_GE(text->height(), text->document()->size().height());
+        EXPECT_LE(note->sizeHint().width(), note->width());
+        EXPECT_LE(text->geometry().bottom(), note->geometry().top());
+        EXPECT_TRUE(view->rect().contains(text->geometry() | note->geometry()));
     });
 }
 
