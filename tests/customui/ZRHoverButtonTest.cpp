@@ -1,8 +1,8 @@
 #include "customui/Images.h"
 #include "customui/ZRCheckHoverButton.h"
+#include "tests/customui/ButtonStage.h"
 
 #include <QAccessible>
-#include <QImage>
 #include <QPainter>
 #include <QTest>
 
@@ -12,43 +12,24 @@ namespace {
 
 const QColor kHover(206, 224, 255);
 const QColor kDown(150, 180, 255);
-const QPoint kInside(16, 16);
-const QPoint kOutside(60, 16);
 
-// A window of 100x60 points with a save button of 32x32 at its top left.
-struct Stage {
+// With a save button.
+struct Stage : ButtonStage {
     Stage()
     {
-        window.resize(100, 60);
-        button.resize(32, 32);
+        add(button);
         button.setImage(QStringLiteral("save-normal"));
         button.setHoverImage(QStringLiteral("save-hover"));
         button.setDownImage(QStringLiteral("save-down"));
         button.setCheckOnImage(QStringLiteral("save-down"));
         button.setHoverBackgroundColor(kHover);
         button.setDownBackgroundColor(kDown);
-        button.onAction = [this] { ++clicks; };
-        window.show();
     }
+    QImage picture() { return ButtonStage::picture(button); }
 
-    QImage picture()
-    {
-        QImage image(32, 32, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::white);
-        button.render(&image, {}, {}, QWidget::DrawChildren);
-        return image;
-    }
-
-    // Upwards, as a window's owner hands an event on.
-    ZRMouseEvent at(QPoint fromTop) const
-    {
-        return {{double(fromTop.x()), 60.0 - fromTop.y()}, Qt::LeftButton};
-    }
-
-    View window;
-    ZRCheckHoverButton button{&window};
-    int clicks = 0;
+    ZRCheckHoverButton button;
 };
+constexpr QPoint kInside = Stage::kInside, kOutside = Stage::kOutside;
 
 QImage expected(const char* imageName, const QColor& background)
 {

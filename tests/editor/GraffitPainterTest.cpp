@@ -47,17 +47,24 @@ constexpr const char* kTools[] = {"square", "eillpse", "arrow", "customLine", "l
 
 }
 
-TEST(GraffitPainter, StaysWithinThePixelsThatItNames)
+TEST(GraffitPainter, StaysWithinThePixelsThatItNamesAndPaintsPartsThatMakeTheWhole)
 {
     const DragPoints points{{30.3F, 40.1F}, {90, 20}, {150.7F, 130.2F}};
     for (const char* tool : kTools) {
         for (double scale : {1.0, 1.5, 2.0}) {
             SCOPED_TRACE(testing::Message() << tool << " at scale " << scale);
-            const EntityRecord record = recordOf(tool, points, 6);
-            const QRect bounds = GraffitPainter(kSize, space(scale)).pixelBounds(record);
-            const QRect ink = inked(painted(record, scale));
-            EXPECT_TRUE(bounds.contains(ink));
-            EXPECT_TRUE(ink.adjusted(-4, -4, 4, 4).contains(bounds)); // and not much more
+            EntityRecord record = recordOf(tool, points, 6);
+            const QImage whole = painted(record, scale);
+            record.focusOn = true; // is not to be seen
+            GraffitPainter painter(kSize, space(scale));
+            const QRect bounds = painter.pixelBounds(record);
+            EXPECT_TRUE(bounds.contains(inked(whole)));
+            EXPECT_TRUE(inked(whole).adjusted(-4, -4, 4, 4).contains(bounds)); // and not much more
+            QImage parts = white();
+            for (int y = 0; y < kSize.height(); y += 50)
+                for (int x = 0; x < kSize.width(); x += 40)
+                    painter.paint(parts, record, {x, y, 40, 50});
+            EXPECT_EQ(parts, whole);
         }
     }
 }
@@ -114,7 +121,7 @@ TEST(GraffitPainter, HighlighterIsEvenWhereItCrossesItself)
             EXPECT_EQ(image.pixel(x, y), half) << x << ',' << y;
 }
 
-TEST(GraffitPainter, StrokeIsTheSameInOneGoAndPointByPoint)
+TEST(GraffitPainter, StrokeIsTheSameInOneGoAndPointByPointAndAnotherOneBeginsAnew)
 {
     for (const char* tool : {"customLine", "light"}) {
         SCOPED_TRACE(tool);
@@ -133,37 +140,13 @@ TEST(GraffitPainter, StrokeIsTheSameInOneGoAndPointByPoint)
             QPainter(&grown).drawImage(changed.topLeft(), next, changed);
         }
         EXPECT_EQ(grown, painted(recordOf(tool, points, 5), 1.5));
-    }
-}
 
-TEST(GraffitPainter, PaintsAnotherStrokeAfterOne)
-{
-    const DragPoints first{{20, 30}, {200, 190}}, second{{20, 190}, {200, 30}};
-    EntityRecord record = recordOf("customLine", second, 5);
-    const QImage alone = painted(record);
-    record.revision = 8;
-    GraffitPainter painter(kSize, space(1));
-    QImage image = white();
-    painter.paint(image, recordOf("customLine", first, 5), image.rect());
-    image = white();
-    EXPECT_TRUE(painter.grownPixels(record).isEmpty());
-    painter.paint(image, record, image.rect());
-    EXPECT_EQ(image, alone);
-}
-
-TEST(GraffitPainter, PaintsPartsThatMakeTheWhole)
-{
-    const DragPoints points{{30.3F, 40.1F}, {90, 20}, {150.7F, 130.2F}};
-    for (const char* tool : kTools) {
-        SCOPED_TRACE(tool);
-        EntityRecord record = recordOf(tool, points, 6);
-        const QImage whole = painted(record);
-        record.focusOn = true; // is not to be seen
-        GraffitPainter painter(kSize, space(1));
-        QImage parts = white();
-        for (int y = 0; y < kSize.height(); y += 50)
-            for (int x = 0; x < kSize.width(); x += 40)
-                painter.paint(parts, record, {x, y, 40, 50});
-        EXPECT_EQ(parts, whole);
+        const DragPoints others{{20, 190}, {200, 30}};
+        EntityRecord another = recordOf(tool, others, 5);
+        another.revision = 8;
+        EXPECT_TRUE(painter.grownPixels(another).isEmpty());
+        QImage image = white();
+        painter.paint(image, another, image.rect());
+        EXPECT_EQ(image, painted(another, 1.5));
     }
 }

@@ -52,30 +52,6 @@ TEST(ZRBasicCustomView, CreatingDragSpansFromThePressEvenInOneJump)
     }
 }
 
-TEST(ZRBasicCustomView, SelectedShapesMoveWithThePointer)
-{
-    struct Case {
-        const char* id;
-        ZRPoint press;
-    };
-    const Case cases[] = {{"square", {10, 60}}, {"eillpse", {95, 95}}, {"arrow", {60, 60}},
-        {"line", {60, 60}}, {"customLine", {60, 60}}, {"light", {60, 60}}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.id);
-        const Shape shape = drawn(c.id, {10, 10}, {110, 110});
-        if (QLatin1String(c.id) == QLatin1String("square"))
-            shape->setVctualRect({10, 10, 100, 70}); // its left handle is elsewhere
-        const ZRRect before = shape->vctualRect();
-        ASSERT_TRUE(press(*shape, c.press));
-        shape->mouseDragged({c.press.x + 5, c.press.y - 3});
-        shape->mouseDragged({c.press.x + 20, c.press.y + 7});
-        EXPECT_EQ(shape->vctualRect(), before.translated(20, 7));
-        shape->revoke();
-        EXPECT_EQ(shape->vctualRect(), before);
-        EXPECT_TRUE(shape->isRemoveView());
-    }
-}
-
 TEST(ZRBasicCustomView, HandlesOfTheRectangleWorkAlwaysThoseOfTheEllipseWhenSelected)
 {
     const ZRPoint corner{110, 110};

@@ -35,28 +35,16 @@ protected:
 
 }
 
-TEST_F(Ribbon, HasTheContentOfItsTool)
+TEST_F(Ribbon, ReportsTheStyleOfItsToolAtOnce)
 {
-    struct Case {
-        const char* id;
-        QSize content;
-        QString report;
-    };
-    const QString drawing = QStringLiteral("width 3 #ff0000");
-    const Case cases[] = {
-        {"square", {367, 32}, drawing},
-        {"anything", {367, 32}, drawing},
-        {"text", {331, 32}, QStringLiteral("font 14 #ff0000")},
-        {"mosic", {153, 32}, QStringLiteral("width 3")},
-        {"blur", {153, 32}, QStringLiteral("width 3")},
-        {"share", {42, 128}, {}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.id);
-        open(c.id);
-        ASSERT_EQ(visible<ZRCustomWindow>().size(), 1U);
-        EXPECT_EQ(visible<ZRCustomWindow>().front()->contentView()->size(), c.content);
-        EXPECT_EQ(actions.taken().join(QLatin1Char(' ')), c.report) << "reported at once";
+    const std::pair<const char*, const char*> cases[] = {{"square", "width 3 #ff0000"},
+        {"anything", "width 3 #ff0000"}, {"text", "font 14 #ff0000"}, {"mosic", "width 3"},
+        {"blur", "width 3"}, {"share", ""}};
+    for (const auto& [id, report] : cases) {
+        SCOPED_TRACE(id);
+        open(id);
+        EXPECT_EQ(visible<ZRCustomWindow>().size(), 1U);
+        EXPECT_EQ(actions.taken().join(QLatin1Char(' ')), QLatin1String(report));
     }
     ribbon.close();
     ribbon.popupToolbarWithControlID(QString(), anchor, 1, actions);

@@ -3,6 +3,7 @@
 #include "editor/ScreenShotToolbarItem.h"
 #include "editor/ZRLineWidthControlItem.h"
 #include "editor/ZRToolTips.h"
+#include "tests/customui/ButtonStage.h"
 
 #include <QTest>
 
@@ -11,35 +12,6 @@
 namespace {
 
 const QColor kHighlight(206, 224, 255);
-
-// A white window of 200x100 points.
-struct Stage {
-    Stage()
-    {
-        window.resize(200, 100);
-        window.show();
-    }
-    template <class Button>
-    void add(Button& button)
-    {
-        button.setParent(&window);
-        button.setGeometry(0, 0, 32, 32);
-        button.onAction = [this] { ++clicks; };
-        button.show();
-    }
-    QImage picture(QWidget& button)
-    {
-        QImage image(32, 32, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        button.render(&image, {}, {}, QWidget::DrawChildren);
-        return image;
-    }
-    ZRMouseEvent inside() const { return {{10, 90}, Qt::LeftButton}; }
-    ZRMouseEvent outside() const { return {{90, 90}, Qt::LeftButton}; }
-
-    View window;
-    int clicks = 0;
-};
 
 // A tooltip that is to come or that shows.
 bool hasTooltip()
@@ -51,7 +23,7 @@ bool hasTooltip()
 
 TEST(ZRScreenShotToolbarItem, IsHighlightedWhileItIsOnAndBlankWithoutAPicture)
 {
-    Stage stage;
+    ButtonStage stage;
     ZRScreenShotToolbarItem item;
     stage.add(item);
     item.updateImage(QStringLiteral("save"));
@@ -74,12 +46,12 @@ TEST(ZRScreenShotToolbarItem, KeepsItsHoverAfterAClickAsAColourItemAndATooltipWh
 {
     for (const bool isColorItem : {true, false}) {
         SCOPED_TRACE(isColorItem);
-        Stage stage;
+        ButtonStage stage;
         ZRScreenShotToolbarItem item;
         stage.add(item);
         item.setColorItem(isColorItem);
         item.setToolTip(isColorItem ? QString() : QStringLiteral("Save"));
-        item.mouseUp(stage.inside());
+        item.mouseUp(stage.at(stage.kInside));
         EXPECT_EQ(item.isMouseInside(), isColorItem);
         EXPECT_EQ(stage.clicks, 1);
         item.mouseEntered();
@@ -104,7 +76,7 @@ TEST(ScreenShotToolbarItem, KeepsItsStateItself)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        Stage stage;
+        ButtonStage stage;
         ScreenShotToolbarItem item, plain;
         item.updateNormalImage(
             QStringLiteral("save-normal"), QStringLiteral("save-hover"), QStringLiteral("save-down"));
@@ -118,9 +90,9 @@ TEST(ScreenShotToolbarItem, KeepsItsStateItself)
         };
         item.mouseEntered();
         EXPECT_TRUE(shows(c.entered));
-        item.mouseDown(stage.inside());
+        item.mouseDown(stage.at(stage.kInside));
         EXPECT_TRUE(shows("save-down"));
-        item.mouseUp(c.isReleasedInside ? stage.inside() : stage.outside());
+        item.mouseUp(stage.at(c.isReleasedInside ? stage.kInside : stage.kOutside));
         EXPECT_TRUE(shows(c.released));
         EXPECT_EQ(stage.clicks, c.isReleasedInside ? 1 : 0);
         item.mouseExited();
@@ -132,15 +104,15 @@ TEST(ZRLineWidthControlItem, StaysPressedWhileItIsSelected)
 {
     for (const bool isSelected : {false, true}) {
         SCOPED_TRACE(isSelected);
-        Stage stage;
+        ButtonStage stage;
         ZRLineWidthControlItem item({}, {}, {}, {});
         stage.add(item);
         item.setIsSelected(isSelected);
         item.mouseEntered();
         EXPECT_EQ(item.isPressed(), isSelected);
-        item.mouseDown(stage.inside());
+        item.mouseDown(stage.at(stage.kInside));
         EXPECT_TRUE(item.isPressed());
-        item.mouseUp(stage.inside());
+        item.mouseUp(stage.at(stage.kInside));
         item.mouseExited();
         EXPECT_EQ(item.isPressed(), isSelected);
     }
@@ -148,7 +120,7 @@ TEST(ZRLineWidthControlItem, StaysPressedWhileItIsSelected)
 
 TEST(ZRToolTips, StandsAtThePointerAndTakesNoEvents)
 {
-    Stage stage;
+    ButtonStage stage;
     QCursor::setPos(stage.window.mapToGlobal(QPoint(190, 60)));
     ZRToolTips::setToolTips(QStringLiteral("Some text"));
     ZRToolTips::showToolTips(stage.window);
@@ -164,7 +136,7 @@ TEST(ZRToolTips, StandsAtThePointerAndTakesNoEvents)
 
 TEST(ZRToolTips, OneThatIsGoneNeverComes)
 {
-    Stage stage;
+    ButtonStage stage;
     ZRToolTips::setToolTips(QStringLiteral("Some text"));
     ZRToolTips::showToolTips(stage.window);
     ZRToolTips::hiddenToolTips();
