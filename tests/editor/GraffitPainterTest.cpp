@@ -141,7 +141,9 @@ TEST(GraffitPainter, StrokeIsTheSameInOneGoAndPointByPointAndAnotherOneBeginsAne
         }
         EXPECT_EQ(grown, painted(recordOf(tool, points, 5), 1.5));
 
-        const DragPoints others{{20, 190}, {200, 30}};
+        DragPoints others = points;
+        for (DragPoint& point : others)
+            point.x += 100;
         EntityRecord another = recordOf(tool, others, 5);
         another.revision = 8;
         EXPECT_TRUE(painter.grownPixels(another).isEmpty());
