@@ -52,6 +52,23 @@ TEST(ZRBasicCustomView, CreatingDragSpansFromThePressEvenInOneJump)
     }
 }
 
+TEST(ZRBasicCustomView, SelectedShapesMoveWithThePointer)
+{
+    const std::pair<const char*, ZRPoint> presses[] = {
+        {"eillpse", {95, 95}}, {"arrow", {60, 60}}, {"line", {60, 60}}, {"customLine", {60, 60}}};
+    for (const auto& [id, point] : presses) {
+        SCOPED_TRACE(id);
+        const Shape shape = drawn(id, {10, 10}, {110, 110});
+        const ZRRect before = shape->vctualRect();
+        ASSERT_TRUE(press(*shape, point));
+        shape->mouseDragged({point.x + 5, point.y - 3});
+        shape->mouseDragged({point.x + 20, point.y + 7});
+        EXPECT_EQ(shape->vctualRect(), before.translated(20, 7));
+        shape->revoke();
+        EXPECT_EQ(shape->vctualRect(), before);
+    }
+}
+
 TEST(ZRBasicCustomView, HandlesOfTheRectangleWorkAlwaysThoseOfTheEllipseWhenSelected)
 {
     const ZRPoint corner{110, 110};

@@ -6,6 +6,16 @@
 
 #include <gtest/gtest.h>
 
+TEST(ZRGaussianBlur, HasABorderWhileItIsDrawnOrSelected)
+{
+    const auto area = ZRBasicCustomView::createNewEntityWithGratiffitID(QStringLiteral("blur"));
+    EXPECT_TRUE(area->record().needBorder);
+    area->setIsDrawDone();
+    EXPECT_FALSE(area->record().needBorder);
+    area->registerFocusOn();
+    EXPECT_TRUE(area->record().needBorder);
+}
+
 TEST(ZRGaussianBlur, IsCoveredAsItsToolSaysInPixels)
 {
     struct Case {
