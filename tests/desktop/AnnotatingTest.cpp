@@ -5,7 +5,7 @@
 void AnnotatingTest::SetUp()
 {
     EachDesktopTest::SetUp();
-    m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale()));
+    m_program.setEnvironment("QT_SCALE_FACTOR", QString::number(scale()));
     ASSERT_TRUE(m_program.startResident());
     ASSERT_TRUE(openOverlay());
     drag(kRegion.topLeft(), kRegion.bottomRight() + QPoint(1, 1));
@@ -25,12 +25,6 @@ void AnnotatingTest::style(int width, int color)
     setColor(color);
 }
 
-void AnnotatingTest::clickAt(QPoint point)
-{
-    m_desktop.input().moveTo(point);
-    m_desktop.input().click(Button::Left);
-}
-
 QImage AnnotatingTest::screen() const
 {
     QImage whole = m_before;
@@ -46,14 +40,4 @@ QImage AnnotatingTest::saved()
         return {};
     QPainter(&whole).drawImage(kRegion.topLeft(), picture);
     return whole;
-}
-
-QRect AnnotatingTest::changed(const QImage& a, const QImage& b)
-{
-    QRect rect;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            if (a.pixel(x, y) != b.pixel(x, y))
-                rect |= QRect(x, y, 1, 1);
-    return rect;
 }

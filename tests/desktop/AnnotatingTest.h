@@ -26,10 +26,10 @@ protected:
     void setWidth(int width) { clickAt(toolbars().lineWidth(m_tool, width)); }
     void setColor(int color) { clickAt(toolbars().color(m_tool, color)); }
     void style(int width, int color);
-    void drag(QPoint from, QPoint to) { m_desktop.input().drag(from, to); }
-    void clickAt(QPoint point);
-    void undo() { m_desktop.input().chord({Key::Control, Key::Z}); }
-    void redo() { m_desktop.input().chord({Key::Control, Key::Shift, Key::Z}); }
+    void drag(QPoint from, QPoint to) { input().drag(from, to); }
+    void clickAt(QPoint point) { input().clickAt(point); }
+    void undo() { input().chord({Key::Control, Key::Z}); }
+    void redo() { input().chord({Key::Control, Key::Shift, Key::Z}); }
 
     // The screen as it was, with the inside of the region as it is.
     QImage screen() const;
@@ -37,8 +37,6 @@ protected:
     QRect ink() const { return changed(screen(), m_empty); }
     // The saved picture, put back where it was on the screen; null when none was saved.
     QImage saved();
-    // The smallest rectangle around the pixels in which two pictures differ.
-    static QRect changed(const QImage& a, const QImage& b);
 
     QImage m_empty; // screen() with the region and no annotation
 

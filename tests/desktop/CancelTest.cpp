@@ -8,7 +8,7 @@ protected:
     void expectKeyboardIsBack()
     {
         EXPECT_TRUE(waitUntil([this] { return m_recorder->hasKeyboard(); }));
-        EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
+        EXPECT_TRUE(waitUntil([this] { return !server().isKeyboardTaken(); }));
         type(1);
         EXPECT_EQ(m_recorder->take(), typed(1));
     }
@@ -40,12 +40,11 @@ TEST_P(Cancel, LeavesNoWindowNoFileAndTheKeyboardWhereItWas)
     for (const Case& c : cases) {
         for (const bool hasRegion : {false, true}) {
             SCOPED_TRACE(testing::Message() << c.way << (hasRegion ? " with a region" : ""));
-            m_before = m_desktop.settledScreen();
-            const auto region = m_program.start({QStringLiteral("region")});
-            ASSERT_TRUE(m_program.waitForOverlay(m_before));
+            const auto region = startRegion();
+            ASSERT_TRUE(region);
             if (hasRegion)
-                m_desktop.input().drag({200, 150}, {600, 500});
-            c.cancel(m_desktop.input(), m_program);
+                input().drag({200, 150}, {600, 500});
+            c.cancel(input(), m_program);
             const Answer answer = Program::finish(*region);
             EXPECT_EQ(answer.exitCode, 4);
             EXPECT_EQ(answer.out, QString());
@@ -61,26 +60,25 @@ TEST_P(Cancel, HeldEscapeReachesNobodyElse)
 {
     ASSERT_TRUE(openOverlay());
     m_recorder->take(); // the hot key's modifier went down before the hot key did
-    m_desktop.input().press(Key::Escape);
+    input().press(Key::Escape);
     ASSERT_TRUE(m_program.waitForNoOverlay());
     QThread::msleep(1200); // some fifteen repeats
-    m_desktop.input().release(Key::Escape);
+    input().release(Key::Escape);
     expectKeyboardIsBack();
 }
 
 TEST_P(Cancel, KilledProgramFreesTheKeyboardAndStartsAgain)
 {
-    m_before = m_desktop.settledScreen();
-    const auto region = m_program.start({QStringLiteral("region")});
-    ASSERT_TRUE(m_program.waitForOverlay(m_before));
-    m_desktop.input().drag({200, 150}, {600, 500});
+    const auto region = startRegion();
+    ASSERT_TRUE(region);
+    input().drag({200, 150}, {600, 500});
     m_program.killResident();
     EXPECT_EQ(Program::finish(*region).exitCode, 1);
     EXPECT_EQ(m_program.overlay(), XCB_NONE);
-    EXPECT_FALSE(m_desktop.server().isKeyboardTaken());
-    EXPECT_EQ(m_program.run({QStringLiteral("cancel")}).exitCode, 3);
+    EXPECT_FALSE(server().isKeyboardTaken());
+    EXPECT_EQ(m_program.run("cancel").exitCode, 3);
 
     ASSERT_TRUE(m_program.startResident());
     ASSERT_TRUE(openOverlay());
-    EXPECT_TRUE(samePixels(savedRegion({5, 7}, {60, 90}), m_before.copy(5, 7, 55, 83)));
+    EXPECT_TRUE(savesRegion({5, 7}, {60, 90}));
 }

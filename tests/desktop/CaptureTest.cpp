@@ -35,15 +35,9 @@ protected:
         : EachDesktopTest({1440, 600})
     {
     }
-    void SetUp() override
-    {
-        EachDesktopTest::SetUp();
-        ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("LEFT"), kLeft));
-        ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("RIGHT"), kRight));
-    }
 
-    static constexpr QRect kLeft{0, 0, 800, 600};
-    static constexpr QRect kRight{800, 0, 640, 480};
+    static constexpr QRect kFirst{0, 0, 800, 600};
+    static constexpr QRect kSecond{800, 0, 640, 480};
 };
 
 // As over a network.
@@ -77,7 +71,7 @@ TEST_P(Capture, RegionIsTheScreensOwnPixelsWhateverWayItIsDragged)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.way);
         ASSERT_TRUE(openOverlay());
-        m_desktop.input().drag(c.from, c.to);
+        input().drag(c.from, c.to);
         const QImage picture = pictureAfter({c.modifier, Key::S});
         EXPECT_TRUE(samePixels(picture, m_before.copy(spannedBy(c.from, c.to))));
     }
@@ -104,11 +98,10 @@ TEST_P(Capture, FileTypeFollowsTheSetting)
         SCOPED_TRACE(c.extension);
         m_program.writeSettings({{QStringLiteral("screenshotType"), QLatin1String(c.extension)}});
         ASSERT_TRUE(m_program.startResident());
-        m_before = m_desktop.settledScreen();
-        const auto region = m_program.start({QStringLiteral("region")});
-        ASSERT_TRUE(m_program.waitForOverlay(m_before));
-        m_desktop.input().drag(from, to);
-        m_desktop.input().chord({Key::Control, Key::S});
+        const auto region = startRegion();
+        ASSERT_TRUE(region);
+        input().drag(from, to);
+        input().chord({Key::Control, Key::S});
         const Answer answer = Program::finish(*region);
         EXPECT_EQ(answer.exitCode, 0) << qPrintable(answer.err);
         EXPECT_EQ(
@@ -140,7 +133,8 @@ TEST_P(Capture, QualityDecidesBetweenDevicePixelsAndPoints)
         m_program.writeSettings({{QStringLiteral("userNeedImageQuality"), c.quality}});
         ASSERT_TRUE(startResidentAt(c.scale));
         ASSERT_TRUE(openOverlay());
-        const QImage picture = savedRegion(c.from, c.to);
+        input().drag(c.from, c.to);
+        const QImage picture = pictureAfter({Key::Control, Key::S});
         const QImage expected = averaged(m_before.copy(spannedBy(c.from, c.to)), c.averagedBy);
         EXPECT_EQ(picture.size(), expected.size());
         EXPECT_LE(meanDifference(picture, expected), c.averagedBy == 1 ? 0 : 0.5);
@@ -179,14 +173,14 @@ TEST_P(Capture, HeldKeyAndHurriedKeysStartOne)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.way);
         m_before = m_desktop.settledScreen();
-        c.press(m_desktop.input());
+        c.press(input());
         ASSERT_TRUE(m_program.waitForOverlay(m_before));
-        m_desktop.input().click(Button::Right);
+        input().click(Button::Right);
         ASSERT_TRUE(waitForRest());
         QThread::msleep(300); // a key still down must not start another
         EXPECT_EQ(m_program.overlay(), XCB_NONE);
         EXPECT_EQ(logCount("start screenshot"), ++starts);
-        m_desktop.input().releaseAll();
+        input().releaseAll();
     }
     EXPECT_TRUE(m_program.savedPictures().isEmpty());
 }
@@ -198,28 +192,26 @@ TEST_P(CaptureOnTwoDisplays, EachDisplayIsCapturedAlone)
         QRect display;
     };
     const Case cases[] = {
-        {"LEFT=1;RIGHT=1", kLeft},
-        {"LEFT=1;RIGHT=1", kRight},
-        {"LEFT=2;RIGHT=1", kLeft},
-        {"LEFT=2;RIGHT=1", kRight},
-        {"LEFT=1;RIGHT=2", kRight},
+        {"FIRST=1;SECOND=1", kFirst},
+        {"FIRST=1;SECOND=1", kSecond},
+        {"FIRST=2;SECOND=1", kFirst},
+        {"FIRST=2;SECOND=1", kSecond},
+        {"FIRST=1;SECOND=2", kSecond},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << c.scales << " at " << c.display.x());
-        m_program.setEnvironment(QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QLatin1String(c.scales));
-        ASSERT_TRUE(m_program.startResident());
-        m_desktop.input().moveTo(c.display.topLeft()); // the first pixel is the display's own
+        ASSERT_TRUE(startOnDisplays(kFirst, kSecond, c.scales));
+        input().moveTo(c.display.topLeft()); // the first pixel is the display's own
         m_before = m_desktop.settledScreen();
         EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before.copy(c.display)));
-        const Answer answer = m_program.run({QStringLiteral("full")});
+        const Answer answer = m_program.run("full");
         EXPECT_TRUE(samePixels(QImage(answer.path()), m_before.copy(c.display)));
 
         QThread::msleep(350);
-        m_desktop.input().moveTo(c.display.center()); // the cross would cover a corner
+        input().moveTo(c.display.center()); // the cross would cover a corner
         ASSERT_TRUE(openOverlay(c.display));
-        const QPoint from = c.display.topLeft() + QPoint(51, 43);
-        const QPoint to = c.display.bottomRight() - QPoint(60, 32);
-        EXPECT_TRUE(samePixels(savedRegion(from, to), m_before.copy(spannedBy(from, to))));
+        EXPECT_TRUE(
+            savesRegion(c.display.topLeft() + QPoint(51, 43), c.display.bottomRight() - QPoint(60, 32)));
         EXPECT_EQ(m_program.quitResident(), 0);
     }
 }
@@ -228,6 +220,6 @@ TEST_F(CaptureWithoutSharedMemory, ShowsTheSameOverlayAndSavesTheSamePicture)
 {
     ASSERT_TRUE(m_program.startResident());
     ASSERT_TRUE(openOverlay());
-    EXPECT_TRUE(samePixels(savedRegion({101, 77}, {640, 411}), m_before.copy(101, 77, 539, 334)));
+    EXPECT_TRUE(savesRegion({101, 77}, {640, 411}));
     EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before));
 }

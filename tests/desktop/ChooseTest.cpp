@@ -15,17 +15,6 @@ protected:
     {
         return GetParam() ? std::array{"1.25", "2"} : std::array{"1", "1.5"};
     }
-    void clickAt(QPoint point)
-    {
-        m_desktop.input().moveTo(point);
-        m_desktop.input().click(Button::Left);
-    }
-    // The picture is that part of the screen as it was when the capture began.
-    testing::AssertionResult savesExactly(QRect part)
-    {
-        return samePixels(pictureAfter({Key::Control, Key::S}), m_before.copy(part));
-    }
-    QRect onScreen(const TestWindow& window) const { return window.outline() & m_before.rect(); }
 };
 
 } // namespace
@@ -71,8 +60,8 @@ TEST_P(Choose, AClickTakesTheSmallestWindowUnderThePointer)
         for (const Case& c : cases) {
             SCOPED_TRACE(testing::Message() << c.what << " at scale " << scale);
             ASSERT_TRUE(openOverlayOnFreeGround());
-            clickAt(c.click);
-            EXPECT_TRUE(savesExactly(c.expected & m_before.rect()));
+            input().clickAt(c.click);
+            EXPECT_TRUE(saves(c.expected & m_before.rect()));
         }
         EXPECT_EQ(m_program.quitResident(), 0);
     }
@@ -99,24 +88,23 @@ TEST_P(Choose, AHurriedHandIsFollowedWhileTheProgramIsBusy)
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         ASSERT_TRUE(openOverlayOnFreeGround());
-        m_desktop.input().moveTo(left.outline().center());
+        input().moveTo(left.outline().center());
         const PausedProcess busy(m_program.resident());
-        m_desktop.input().moveTo(right.outline().center());
-        c.act(m_desktop.input());
-        m_desktop.input().moveTo(left.outline().center()); // movements in a row arrive as one
+        input().moveTo(right.outline().center());
+        c.act(input());
+        input().moveTo(left.outline().center()); // movements in a row arrive as one
         busy.goOn();
-        EXPECT_TRUE(savesExactly(c.expected));
+        EXPECT_TRUE(saves(c.expected));
     }
 }
 
 TEST_P(Choose, AClickOnTheBareRootFixesNothingThatCanBeSaved)
 {
-    m_desktop.input().moveTo(kFreeGround);
-    m_before = m_desktop.settledScreen();
-    const auto region = m_program.start({QStringLiteral("region")});
-    ASSERT_TRUE(m_program.waitForOverlay(m_before));
-    clickAt(kFreeGround);
-    m_desktop.input().chord({Key::Control, Key::S});
+    input().moveTo(kFreeGround);
+    const auto region = startRegion();
+    ASSERT_TRUE(region);
+    input().clickAt(kFreeGround);
+    input().chord({Key::Control, Key::S});
     const Answer answer = Program::finish(*region);
     EXPECT_EQ(answer.exitCode, 1);
     EXPECT_TRUE(answer.err.contains(QLatin1String("the region holds no part of the display")));
@@ -132,9 +120,9 @@ TEST_P(Choose, APressOnAHandleOfAHighlightedWindowResizesIt)
         ASSERT_TRUE(startResidentAt(scale));
         ASSERT_TRUE(openOverlayOnFreeGround());
         const QRect outline = window.outline();
-        m_desktop.input().moveTo(outline.center());
-        m_desktop.input().drag(outline.bottomRight(), outline.bottomRight() + QPoint(33, -27));
-        EXPECT_TRUE(savesExactly(outline.adjusted(0, 0, 33, -27)));
+        input().moveTo(outline.center());
+        input().drag(outline.bottomRight(), outline.bottomRight() + QPoint(33, -27));
+        EXPECT_TRUE(saves(outline.adjusted(0, 0, 33, -27)));
         EXPECT_EQ(m_program.quitResident(), 0);
     }
 }
@@ -163,12 +151,12 @@ TEST_P(Choose, EveryHandlePullsItsOwnEdgesAndPastTheOppositeOne)
             SCOPED_TRACE(testing::Message()
                          << "handle at " << c.press.x() << ',' << c.press.y() << ", scale " << scale);
             ASSERT_TRUE(openOverlayOnFreeGround());
-            m_desktop.input().drag({400, 300}, {700, 500});
-            m_desktop.input().drag(c.press, c.press + c.by);
+            input().drag({400, 300}, {700, 500});
+            input().drag(c.press, c.press + c.by);
             const bool isPastToo = QByteArray(scale).size() > 1; // else the first pull alone
             if (isPastToo)
-                m_desktop.input().drag(c.press2, c.press2 + c.by2);
-            EXPECT_TRUE(savesExactly(isPastToo ? c.second : c.first));
+                input().drag(c.press2, c.press2 + c.by2);
+            EXPECT_TRUE(saves(isPastToo ? c.second : c.first));
         }
         EXPECT_EQ(m_program.quitResident(), 0);
     }
@@ -199,10 +187,10 @@ TEST_P(Choose, AFixedRegionMovesByItsBodyAndItsEdgeWithinTheDisplay)
         for (const Case& c : cases) {
             SCOPED_TRACE(testing::Message() << c.what << " at scale " << scale);
             ASSERT_TRUE(openOverlayOnFreeGround());
-            m_desktop.input().drag(unmoved.topLeft(), unmoved.topLeft() + QPoint(300, 200));
+            input().drag(unmoved.topLeft(), unmoved.topLeft() + QPoint(300, 200));
             const QPoint press = unmoved.topLeft() + (c.press * pixels).toPoint();
-            m_desktop.input().drag(press, press + c.by);
-            EXPECT_TRUE(savesExactly(c.expected));
+            input().drag(press, press + c.by);
+            EXPECT_TRUE(saves(c.expected));
         }
         EXPECT_EQ(m_program.quitResident(), 0);
     }

@@ -9,9 +9,8 @@ protected:
     testing::AssertionResult copyRegion()
     {
         const auto result = openOverlay();
-        m_desktop.input().drag(
-            kRegion.topLeft(), kRegion.topLeft() + QPoint(kRegion.width(), kRegion.height()));
-        m_desktop.input().chord({Key::Control, Key::C});
+        input().drag(kRegion);
+        input().chord({Key::Control, Key::C});
         return result ? waitForRest() : result;
     }
     // Whether the program ends in time, and without a crash, while something else goes on.
@@ -41,7 +40,7 @@ TEST_F(Clipboard, OutlivesTheProgramWithAManager)
         ASSERT_TRUE(copyRegion());
         std::unique_ptr<QProcess> verb;
         if (isQuit)
-            verb = m_program.start({QStringLiteral("quit")});
+            verb = m_program.start("quit");
         else
             m_program.resident().terminate();
         ASSERT_TRUE(ends([&] { manager.work(); }, 5000));

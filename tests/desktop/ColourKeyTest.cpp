@@ -13,19 +13,17 @@ protected:
         : ProgramTest({.size = {1440, 800}, .hasClients = false})
     {
     }
-    void SetUp() override
+    testing::AssertionResult startAt(const char* scales)
     {
-        ProgramTest::SetUp();
-        ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("LEFT"), kDisplays[0]));
-        ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("RIGHT"), kDisplays[1]));
+        return startOnDisplays(kDisplays[0], kDisplays[1], scales);
     }
     QString textOnClipboard() const { return QString::fromUtf8(clipboard("UTF8_STRING")); }
     // The colour of the key's press at a pixel; empty when the clipboard does not change.
     QString copiedAt(QPoint pixel)
     {
         const QString expected = QColor(m_before.pixel(pixel)).name();
-        m_desktop.input().moveTo(pixel);
-        m_desktop.input().chord({Key::C});
+        input().moveTo(pixel);
+        input().chord({Key::C});
         waitUntil([&] { return textOnClipboard() == expected; });
         return textOnClipboard();
     }
@@ -44,24 +42,21 @@ QString colourOf(const QImage& screen, QPoint pixel)
 
 TEST_F(ColourKey, CopiesTheScreensPixelUnderThePointerAtEveryScale)
 {
-    const QByteArray factors[] = {"LEFT=1;RIGHT=1.5", "LEFT=2;RIGHT=1.25"};
-    for (const QByteArray& factor : factors) {
-        m_program.setEnvironment(QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QString::fromLatin1(factor));
-        ASSERT_TRUE(m_program.startResident());
+    for (const char* scales : {"FIRST=1;SECOND=1.5", "FIRST=2;SECOND=1.25"}) {
+        ASSERT_TRUE(startAt(scales));
         for (const QRect& display : kDisplays) {
-            m_desktop.input().moveTo(display.topRight() + QPoint(-30, 40));
+            input().moveTo(display.topRight() + QPoint(-30, 40));
             ASSERT_TRUE(openOverlay(display));
             for (int i = 0; i < kPositions; ++i) {
                 const QPoint pixel = display.topLeft() + QPoint(int(m_random() % unsigned(display.width())),
                                                              int(m_random() % unsigned(display.height())));
                 ASSERT_EQ(copiedAt(pixel), colourOf(m_before, pixel))
-                    << pixel.x() << ',' << pixel.y() << ", scales " << factor.constData();
+                    << pixel.x() << ',' << pixel.y() << ", scales " << scales;
             }
             for (const QPoint corner :
                 {display.topLeft(), display.topRight(), display.bottomLeft(), display.bottomRight()})
                 EXPECT_EQ(copiedAt(corner), colourOf(m_before, corner)) << corner.x() << ',' << corner.y();
-            m_desktop.input().chord({Key::Escape});
-            ASSERT_TRUE(waitForRest());
+            ASSERT_TRUE(cancelCapture());
         }
         EXPECT_EQ(m_program.quitResident(), 0);
     }
@@ -69,14 +64,14 @@ TEST_F(ColourKey, CopiesTheScreensPixelUnderThePointerAtEveryScale)
 
 TEST_F(ColourKey, LeavesTheCaptureGoingAndMeansNothingOnAFixedRegion)
 {
-    ASSERT_TRUE(m_program.startResident());
-    m_desktop.input().moveTo({600, 40});
+    ASSERT_TRUE(startAt("FIRST=1;SECOND=1"));
+    input().moveTo({600, 40});
     ASSERT_TRUE(openOverlay(kDisplays[0]));
     const QPoint first(300, 200);
     EXPECT_EQ(copiedAt(first), colourOf(m_before, first));
-    m_desktop.input().drag({100, 100}, {300, 250});
-    m_desktop.input().moveTo({150, 160});
-    m_desktop.input().chord({Key::C});
-    EXPECT_TRUE(samePixels(pictureAfter({Key::Control, Key::S}), m_before.copy(100, 100, 200, 150)));
+    input().drag({100, 100}, {300, 250});
+    input().moveTo({150, 160});
+    input().chord({Key::C});
+    EXPECT_TRUE(saves({100, 100, 200, 150}));
     EXPECT_EQ(textOnClipboard(), colourOf(m_before, first));
 }

@@ -4,28 +4,28 @@
 
 namespace {
 
-class CommandLine : public ProgramTest { };
+using CommandLine = ProgramTest;
 
 } // namespace
 
 TEST_F(CommandLine, AnswersWithoutAResidentProgram)
 {
     struct Case {
-        QStringList arguments;
+        const char* arguments;
         int exitCode;
         const char* out; // a part of it; empty for none at all
         const char* err;
     };
     const Case cases[] = {
-        {{QStringLiteral("--version")}, 0, "1.0.0", ""},
-        {{QStringLiteral("--help")}, 0, "region", ""},
-        {{QStringLiteral("cancel")}, 3, "", " "},
-        {{QStringLiteral("quit")}, 3, "", " "},
-        {{QStringLiteral("frobnicate")}, 2, "", "usage"},
-        {{QStringLiteral("full"), QStringLiteral("again")}, 2, "", "again"},
+        {"--version", 0, "1.0.0", ""},
+        {"--help", 0, "region", ""},
+        {"cancel", 3, "", " "},
+        {"quit", 3, "", " "},
+        {"frobnicate", 2, "", "usage"},
+        {"full again", 2, "", "again"},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(qPrintable(c.arguments.join(QLatin1Char(' '))));
+        SCOPED_TRACE(c.arguments);
         const Answer answer = m_program.run(c.arguments);
         EXPECT_EQ(answer.exitCode, c.exitCode);
         EXPECT_TRUE(answer.out.contains(QLatin1String(c.out))) << qPrintable(answer.out);
@@ -38,26 +38,25 @@ TEST_F(CommandLine, AnswersWithoutAResidentProgram)
 TEST_F(CommandLine, CaptureStartsTheResidentProgramAndLetsTheShellGo)
 {
     m_before = m_desktop.settledScreen();
-    m_program.setEnvironment(QStringLiteral("PROGRAM"), QStringLiteral(LUMORA_PROGRAM));
+    m_program.setEnvironment("PROGRAM", QStringLiteral(LUMORA_PROGRAM));
     // A resident program that kept the pipe open would keep the shell waiting.
     const auto shell = m_program.startOther(QStringLiteral("sh"),
         {QStringLiteral("-c"), QStringLiteral("path=$(\"$PROGRAM\" full 2>&1) && echo \"$path\"")});
     const Answer answer = Program::finish(*shell);
     EXPECT_EQ(answer.exitCode, 0) << qPrintable(answer.err);
     EXPECT_TRUE(samePixels(QImage(answer.path()), m_before)) << qPrintable(answer.out);
-    EXPECT_EQ(m_program.run({QStringLiteral("quit")}).exitCode, 0);
-    EXPECT_TRUE(waitUntil([this] { return m_program.run({QStringLiteral("quit")}).exitCode == 3; }));
+    EXPECT_EQ(m_program.run("quit").exitCode, 0);
+    EXPECT_TRUE(waitUntil([this] { return m_program.run("quit").exitCode == 3; }));
 }
 
 TEST_F(CommandLine, SecondCaptureIsBusyAndSecondStartSaysThatItRuns)
 {
     ASSERT_TRUE(m_program.startResident());
-    m_before = m_desktop.settledScreen();
-    const auto region = m_program.start({QStringLiteral("region")});
-    ASSERT_TRUE(m_program.waitForOverlay(m_before));
-    for (const QString& verb : {QStringLiteral("region"), QStringLiteral("full")})
-        EXPECT_EQ(m_program.run({verb}).exitCode, 5);
-    const Answer second = m_program.run({});
+    const auto region = startRegion();
+    ASSERT_TRUE(region);
+    for (const char* verb : {"region", "full"})
+        EXPECT_EQ(m_program.run(verb).exitCode, 5);
+    const Answer second = m_program.run("");
     EXPECT_EQ(second.exitCode, 0);
     EXPECT_EQ(second.out, QString());
     EXPECT_TRUE(second.err.contains(QLatin1String("runs"))) << qPrintable(second.err);
@@ -71,17 +70,16 @@ TEST_F(CommandLine, EndInMidCaptureEndsBoth)
     for (const bool isSignal : {false, true}) {
         SCOPED_TRACE(isSignal ? "SIGTERM" : "quit");
         ASSERT_TRUE(m_program.startResident());
-        m_before = m_desktop.settledScreen();
-        const auto region = m_program.start({QStringLiteral("region")});
-        ASSERT_TRUE(m_program.waitForOverlay(m_before));
+        const auto region = startRegion();
+        ASSERT_TRUE(region);
         if (isSignal)
             m_program.resident().terminate();
         else
-            EXPECT_EQ(m_program.run({QStringLiteral("quit")}).exitCode, 0);
+            EXPECT_EQ(m_program.run("quit").exitCode, 0);
         EXPECT_EQ(Program::finish(*region).exitCode, 4);
         EXPECT_TRUE(m_program.resident().waitForFinished(2000));
         EXPECT_EQ(m_program.quitResident(), 0);
-        EXPECT_FALSE(m_desktop.server().isKeyboardTaken());
+        EXPECT_FALSE(server().isKeyboardTaken());
     }
 }
 
@@ -89,27 +87,20 @@ TEST_F(CommandLine, DesktopThatCannotBeUsedIsSaidAtOnce)
 {
     struct Case {
         const char* what;
-        QMap<QString, QString> variables; // a null value removes one
+        std::vector<std::pair<const char*, const char*>> variables; // a null value removes one
         const char* message;
     };
     const Case cases[] = {
-        {"no display", {{QStringLiteral("DISPLAY"), QString()}}, "display"},
-        {"a display that is not there", {{QStringLiteral("DISPLAY"), QStringLiteral(":9876")}}, ":9876"},
-        {"Wayland",
-            {{QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland")},
-                {QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-0")}},
-            "X11"},
+        {"no display", {{"DISPLAY", nullptr}}, "display"},
+        {"a display that is not there", {{"DISPLAY", ":9876"}}, ":9876"},
+        {"Wayland", {{"XDG_SESSION_TYPE", "wayland"}, {"WAYLAND_DISPLAY", "wayland-0"}}, "X11"},
     };
     for (const Case& c : cases) {
-        for (const QStringList& arguments : {QStringList(), QStringList{QStringLiteral("region")}}) {
-            SCOPED_TRACE(testing::Message() << c.what << ' ' << arguments.size());
+        for (const char* arguments : {"", "region"}) {
+            SCOPED_TRACE(testing::Message() << c.what << ' ' << arguments);
             Program program(m_desktop, QStringLiteral(LUMORA_PROGRAM));
-            for (auto variable = c.variables.begin(); variable != c.variables.end(); ++variable) {
-                if (variable->isNull())
-                    program.removeEnvironment(variable.key());
-                else
-                    program.setEnvironment(variable.key(), variable.value());
-            }
+            for (const auto& [variable, value] : c.variables)
+                value ? program.setEnvironment(variable, value) : program.removeEnvironment(variable);
             QElapsedTimer timer;
             timer.start();
             const Answer answer = program.run(arguments);
@@ -131,7 +122,7 @@ TEST_F(CommandLine, ServerThatVanishesEndsTheProgram)
         std::unique_ptr<QProcess> region;
         if (isCapturing) {
             const QImage before = desktop.screen();
-            region = program.start({QStringLiteral("region")});
+            region = program.start("region");
             ASSERT_TRUE(program.waitForOverlay(before));
         }
         desktop.killServer();

@@ -1,9 +1,7 @@
 #include "tests/desktop/Desktop.h"
 
+#include "tests/desktop/Files.h"
 #include "tests/desktop/Wait.h"
-
-#include <QDir>
-#include <QFile>
 
 Desktop::Desktop(const DesktopOptions& options)
 {
@@ -45,19 +43,16 @@ void Desktop::makeHome()
 
 void Desktop::declineGreeting() const
 {
-    QFile file(configFolder() + QStringLiteral("/com.Lumora.Screenshot.plist"));
-    if (file.open(QIODevice::WriteOnly))
-        file.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
-                   "<key>applicationIsNeedShowStartWindow</key><false/></dict></plist>\n");
+    writeFile(configFolder() + QStringLiteral("/com.Lumora.Screenshot.plist"),
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\"><dict>"
+        "<key>applicationIsNeedShowStartWindow</key><false/></dict></plist>\n");
 }
 
 bool Desktop::startServer(const DesktopOptions& options)
 {
-    const QString screen = QStringLiteral("%1x%2x24").arg(options.size.width()).arg(options.size.height());
-    const QStringList arguments{QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-        QStringLiteral("0"), screen, QStringLiteral("-nolisten"), QStringLiteral("tcp"),
-        QStringLiteral("-noreset")};
-    QProcess& server = start(QStringLiteral("Xvfb"), arguments + options.serverArguments);
+    const QString line = QString::asprintf("-displayfd 1 -screen 0 %dx%dx24 -nolisten tcp -noreset",
+        options.size.width(), options.size.height());
+    QProcess& server = start("Xvfb", words(qPrintable(line)) + options.serverArguments);
     if (!waitUntil([&] { return server.waitForReadyRead(50) || server.canReadLine(); }))
         return false;
     m_displayName = QLatin1Char(':') + QString::fromLatin1(server.readLine().trimmed());
@@ -72,18 +67,16 @@ bool Desktop::startServer(const DesktopOptions& options)
 
 bool Desktop::startWindowManager()
 {
-    start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
+    start("openbox", words("--sm-disable"));
     return waitUntil([this] { return m_client->isManaged(); });
 }
 
 bool Desktop::startClients()
 {
-    start(QStringLiteral("xterm"),
-        {QStringLiteral("-geometry"), QStringLiteral("60x16+30+40"), QStringLiteral("-e"),
-            QStringLiteral("sh -c 'ls -l /usr/bin | head -14; exec sleep 1000'")});
-    start(QStringLiteral("xclock"), {QStringLiteral("-update"), QStringLiteral("3600"),
-                                        QStringLiteral("-geometry"), QStringLiteral("200x200+520+60")});
-    start(QStringLiteral("xlogo"), {QStringLiteral("-geometry"), QStringLiteral("180x180+560+340")});
+    start("xterm", words("-geometry 60x16+30+40 -e") +
+                       QStringList(QStringLiteral("sh -c 'ls -l /usr/bin | head -14; exec sleep 1000'")));
+    start("xclock", words("-update 3600 -geometry 200x200+520+60"));
+    start("xlogo", words("-geometry 180x180+560+340"));
     return waitUntil([this] {
         m_client->wakeWindowManager();
         const std::vector<xcb_window_t> windows = m_client->visibleWindows();
@@ -111,40 +104,35 @@ int Desktop::run(const QString& program, const QStringList& arguments) const
     return process->exitCode();
 }
 
-QProcess& Desktop::start(const QString& program, const QStringList& arguments)
+QProcess& Desktop::start(const char* program, const QStringList& arguments)
 {
     const ProcessOutput output{{}, m_home.filePath(QStringLiteral("clients.txt"))};
-    m_processes.push_back(startProcess(program, arguments, m_environment, output));
+    m_processes.push_back(startProcess(QString::fromUtf8(program), arguments, m_environment, output));
     m_processes.back()->waitForStarted();
     return *m_processes.back();
 }
 
-bool Desktop::setDisplay(const QString& name, QRect pixels) const
+bool Desktop::setDisplay(const char* name, QRect pixels) const
 {
-    return setMonitor(name, pixels, pixels.topLeft().isNull() ? "screen" : "none");
+    return setMonitor(QLatin1String(name), pixels, pixels.topLeft().isNull() ? "screen" : "none");
 }
 
-bool Desktop::setPrimaryDisplay(const QString& name, QRect pixels) const
+bool Desktop::setPrimaryDisplay(const char* name, QRect pixels) const
 {
-    return setMonitor(QLatin1Char('*') + name, pixels, "screen");
+    return setMonitor(QLatin1Char('*') + QLatin1String(name), pixels, "screen");
 }
 
 bool Desktop::setMonitor(const QString& name, QRect pixels, const char* output) const
 {
-    const QString place = QStringLiteral("%1/%2x%3/%4+%5+%6")
-                              .arg(pixels.width())
-                              .arg(pixels.width() / 4)
-                              .arg(pixels.height())
-                              .arg(pixels.height() / 4)
-                              .arg(pixels.x())
-                              .arg(pixels.y());
+    const QString place = QString::asprintf("%d/%dx%d/%d+%d+%d", pixels.width(), pixels.width() / 4,
+        pixels.height(), pixels.height() / 4, pixels.x(), pixels.y());
     return run(QStringLiteral("xrandr"),
                {QStringLiteral("--setmonitor"), name, place, QLatin1String(output)}) == 0;
 }
 
-bool Desktop::removeDisplay(const QString& name) const
+bool Desktop::removeDisplay(const char* name) const
 {
-    return run(QStringLiteral("xrandr"), {QStringLiteral("--delmonitor"), name}) == 0;
+    return run(QStringLiteral("xrandr"), {QStringLiteral("--delmonitor"), QLatin1String(name)}) == 0;
 }
 
 void Desktop::killServer()

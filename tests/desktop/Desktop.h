@@ -38,12 +38,12 @@ public:
     // Runs a program of the desktop to its end; its exit code, -1 when it crashed or did not end in time.
     int run(const QString& program, const QStringList& arguments) const;
     // Starts a program that lives until the desktop ends.
-    QProcess& start(const QString& program, const QStringList& arguments);
+    QProcess& start(const char* program, const QStringList& arguments);
     // Splits the screen: each rectangle becomes a display, named as given. The one that holds the screen's
     // corner is the first display, unless a primary one is set.
-    bool setDisplay(const QString& name, QRect pixels) const;
-    bool setPrimaryDisplay(const QString& name, QRect pixels) const;
-    bool removeDisplay(const QString& name) const;
+    bool setDisplay(const char* name, QRect pixels) const;
+    bool setPrimaryDisplay(const char* name, QRect pixels) const;
+    bool removeDisplay(const char* name) const;
     // The power cord of the server.
     void killServer();
 

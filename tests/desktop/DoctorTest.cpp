@@ -1,7 +1,6 @@
 #include "tests/desktop/ProgramTest.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -26,7 +25,7 @@ protected:
     {
         QElapsedTimer timer;
         timer.start();
-        const Answer answer = m_program.run({QStringLiteral("doctor"), QStringLiteral("--json")});
+        const Answer answer = m_program.run("doctor --json");
         EXPECT_LT(timer.elapsed(), 8000);
         EXPECT_EQ(answer.exitCode, exitCode) << qPrintable(answer.out + answer.err);
         QMap<QString, QString> states;
@@ -55,27 +54,22 @@ TEST_F(Doctor, FindsNothingWrongAndChangesNothingWithAndWithoutTheProgram)
         EXPECT_EQ(states.value(QStringLiteral("clipboard")), QStringLiteral("warning"));
         EXPECT_EQ(Program::allFiles(m_desktop.configFolder()), before);
         EXPECT_TRUE(m_program.savedPictures().isEmpty());
-        const Answer lines = m_program.run({QStringLiteral("doctor")});
+        const Answer lines = m_program.run("doctor");
         EXPECT_EQ(lines.out.count(QLatin1Char('\n')), 12);
     }
-    m_desktop.input().chord({Key::Super, Key::Digit2});
+    input().chord({Key::Super, Key::Digit2});
     EXPECT_TRUE(waitUntil([this] { return m_program.savedPictures().size() == 1; })); // the hot keys live
 }
 
 TEST_F(Doctor, NamesWhatIsWrong)
 {
-    const auto write = [](const QString& path, const QByteArray& bytes) {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-    };
     const SilentService silent;
     struct Case {
         const char* subject;
         std::function<void()> harm;
     };
     const Case cases[] = {
-        {"settings", [&] { write(m_program.settingsFile(), "not a property list"); }},
+        {"settings", [&] { writeFile(m_program.settingsFile(), "not a property list"); }},
         {"save folder",
             [&] {
                 m_program.writeSettings(
@@ -83,7 +77,7 @@ TEST_F(Doctor, NamesWhatIsWrong)
             }},
         {"languages",
             [&] {
-                write(m_desktop.home() + QStringLiteral("/data/com.Lumora.Screenshot/languages/Mine.xml"),
+                writeFile(m_desktop.home() + QStringLiteral("/data/com.Lumora.Screenshot/languages/Mine.xml"),
                     "<Language");
             }},
         {"upload",
@@ -108,7 +102,7 @@ TEST_F(Doctor, NamesWhatIsWrong)
 TEST_F(Doctor, NamesHotKeysThatAnotherProgramHasAndAProgramThatHangs)
 {
     Program other(m_desktop, QStringLiteral(LUMORA_PROGRAM));
-    other.setEnvironment(QStringLiteral("XDG_RUNTIME_DIR"), m_desktop.cacheFolder()); // a session of its own
+    other.setEnvironment("XDG_RUNTIME_DIR", m_desktop.cacheFolder()); // a session of its own
     ASSERT_TRUE(other.startResident());
     EXPECT_EQ(wrongOnes(findings(1)), QStringList{QStringLiteral("hot keys")});
     EXPECT_EQ(other.quitResident(), 0);
@@ -120,9 +114,9 @@ TEST_F(Doctor, NamesHotKeysThatAnotherProgramHasAndAProgramThatHangs)
 
 TEST_F(Doctor, LooksAtTheFilesWhereThereIsNoDesktop)
 {
-    m_program.setEnvironment(QStringLiteral("DISPLAY"), QStringLiteral(":9876"));
+    m_program.setEnvironment("DISPLAY", ":9876");
     const auto states = findings(1);
     EXPECT_EQ(wrongOnes(states), QStringList{QStringLiteral("desktop")});
     EXPECT_EQ(states.value(QStringLiteral("languages")), QStringLiteral("right"));
-    m_program.setEnvironment(QStringLiteral("DISPLAY"), m_desktop.displayName());
+    m_program.setEnvironment("DISPLAY", m_desktop.displayName());
 }

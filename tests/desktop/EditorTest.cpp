@@ -169,7 +169,7 @@ TEST_P(Editor, EraserAndDeleteKeyTakeAndUndoBrings)
     EXPECT_TRUE(samePixels(screen(), erased));
     arm(kLine);
     clickAt(kDrawings[5].grip);
-    m_desktop.input().chord({Key::BackSpace});
+    input().chord({Key::BackSpace});
     EXPECT_TRUE(samePixels(screen().copy(kDrawings[5].cell), m_empty.copy(kDrawings[5].cell)));
     undo();
     EXPECT_TRUE(samePixels(screen(), erased));
@@ -201,17 +201,16 @@ TEST_P(Editor, AnnotationsFollowAMovedRegionAndStayInAResizedOne)
 TEST_P(Editor, DrawingStaysInsideTheRegionAndTheRightButtonEndsIt)
 {
     arm(kPencil);
-    Input& input = m_desktop.input();
-    input.moveTo({500, 300});
-    input.press(Button::Left);
+    input().moveTo({500, 300});
+    input().press(Button::Left);
     for (const QPoint point : {QPoint(1240, 30), QPoint(20, 760), QPoint(600, 400)})
-        input.moveTo(point);
+        input().moveTo(point);
     const QImage drawing = screen();
     EXPECT_TRUE(kRegion.contains(changed(drawing, m_empty)));
-    input.press(Button::Right);
-    input.release(Button::Right);
+    input().press(Button::Right);
+    input().release(Button::Right);
     EXPECT_TRUE(m_program.waitForNoOverlay());
-    input.release(Button::Left);
+    input().release(Button::Left);
     EXPECT_TRUE(waitForRest());
     EXPECT_TRUE(m_program.savedPictures().isEmpty());
 }
@@ -219,14 +218,13 @@ TEST_P(Editor, DrawingStaysInsideTheRegionAndTheRightButtonEndsIt)
 TEST_P(Editor, DisplayThatGoesInTheMiddleOfADrawingEndsTheCapture)
 {
     arm(kPencil);
-    Input& input = m_desktop.input();
-    input.moveTo({500, 300});
-    input.press(Button::Left);
-    input.moveTo({600, 400});
-    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("OTHER"), {0, 0, 800, 600}));
+    input().moveTo({500, 300});
+    input().press(Button::Left);
+    input().moveTo({600, 400});
+    ASSERT_TRUE(m_desktop.setDisplay("OTHER", {0, 0, 800, 600}));
     EXPECT_TRUE(m_program.waitForNoOverlay());
-    input.moveTo({700, 500});
-    input.release(Button::Left);
+    input().moveTo({700, 500});
+    input().release(Button::Left);
     EXPECT_TRUE(waitForRest());
     EXPECT_TRUE(m_program.answers());
 }
@@ -236,12 +234,11 @@ TEST_P(Editor, FreehandStrokeKeepsItsCorners)
     arm(kPencil);
     style(kMedium, kRed);
     screen(); // at rest
-    Input& input = m_desktop.input();
-    input.moveTo({200, 500});
-    input.press(Button::Left);
+    input().moveTo({200, 500});
+    input().press(Button::Left);
     for (int corner = 1; corner <= 30; ++corner)
-        input.moveTo({200 + 20 * corner, corner % 2 ? 300 : 500});
-    input.release(Button::Left);
+        input().moveTo({200 + 20 * corner, corner % 2 ? 300 : 500});
+    input().release(Button::Left);
     const QImage drawn = screen();
     for (int corner = 1; corner < 30; ++corner) {
         const QPoint point(200 + 20 * corner, corner % 2 ? 300 : 500);

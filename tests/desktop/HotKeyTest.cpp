@@ -8,17 +8,14 @@ using HotKey = ProgramTest;
 
 TEST_F(HotKey, RefusedOneIsLoggedAndAnswered)
 {
-    const XClient other(m_desktop.displayName());
-    xcb_grab_key(other.connection(), false, other.root(), XCB_MOD_MASK_4, quint8(Key::Digit1),
-        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    other.sync();
+    takeHotKey(Key::Digit1);
     ASSERT_TRUE(m_program.startResident());
     const auto namesTheKey = [](const QString& line) {
         return line.contains(QLatin1String("cmd 1")) && line.contains(QLatin1String("taken"));
     };
     const QStringList log = m_program.logLines();
     EXPECT_EQ(std::count_if(log.begin(), log.end(), namesTheKey), 1);
-    const Answer second = m_program.run({});
+    const Answer second = m_program.run("");
     EXPECT_EQ(second.exitCode, 0);
     EXPECT_TRUE(namesTheKey(second.err)) << qPrintable(second.err);
     EXPECT_FALSE(second.err.contains(QLatin1String("cmd 2"))) << qPrintable(second.err);

@@ -64,6 +64,12 @@ void Input::click(Button button)
     release(button);
 }
 
+void Input::clickAt(QPoint point)
+{
+    moveTo(point);
+    click(Button::Left);
+}
+
 void Input::drag(QPoint from, QPoint to)
 {
     moveTo(from);

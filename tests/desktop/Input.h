@@ -52,8 +52,12 @@ public:
     void press(Button button);
     void release(Button button);
     void click(Button button);
+    // Goes there and clicks with the left button.
+    void clickAt(QPoint point);
     // Press, a few steps on the way, release.
     void drag(QPoint from, QPoint to);
+    // From the rectangle's first pixel to the one beyond its last.
+    void drag(QRect rect) { drag(rect.topLeft(), rect.bottomRight() + QPoint(1, 1)); }
 
 private:
     void send(quint8 type, quint8 detail, QPoint point = {});

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/desktop/XClient.h"
+#include "tests/desktop/TestWindow.h"
 
 // An ordinary window of another program that writes down the input it gets. It has the keyboard when it was
 // made successfully.
@@ -14,8 +14,8 @@ public:
 
     KeyRecorder(const QString& displayName, QRect geometry);
 
-    xcb_window_t window() const { return m_window; }
-    bool hasKeyboard() const { return m_client.focusedWindow() == m_window; }
+    xcb_window_t window() const { return m_window.window(); }
+    bool hasKeyboard() const { return m_client.focusedWindow() == window(); }
     // What arrived since the last call.
     std::vector<Event> take();
 
@@ -23,5 +23,5 @@ private:
     void waitForKeyboard();
 
     XClient m_client;
-    xcb_window_t m_window;
+    TestWindow m_window;
 };

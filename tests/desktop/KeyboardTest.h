@@ -18,7 +18,7 @@ protected:
     void type(int count)
     {
         for (int i = 0; i < count; ++i)
-            m_desktop.input().chord({Key::A});
+            input().chord({Key::A});
     }
     // What the window gets of it.
     static std::vector<Event> typed(int count)

@@ -15,19 +15,19 @@ protected:
     {
     }
     static QRect displayAt(QPoint place) { return kFirst.contains(place) ? kFirst : kSecond; }
-    std::unique_ptr<QProcess> startPick() const { return m_program.start({QStringLiteral("pick")}); }
+    std::unique_ptr<QProcess> startPick() const { return m_program.start("pick"); }
     // Picks at a place, coming from another one; what the program answered.
     testing::AssertionResult pick(QPoint from, QPoint place, Answer& answer)
     {
         m_before = m_desktop.screen();
-        m_desktop.input().moveTo(from);
+        input().moveTo(from);
         const auto process = startPick();
         if (!waitForTool(displayAt(from)))
             return testing::AssertionFailure() << "no tool";
-        m_desktop.input().moveTo(place);
+        input().moveTo(place);
         if (!waitForTool(displayAt(place)))
             return testing::AssertionFailure() << "the tool did not follow";
-        m_desktop.input().click(Button::Left);
+        input().click(Button::Left);
         answer = Program::finish(*process);
         return testing::AssertionSuccess();
     }
@@ -35,17 +35,13 @@ protected:
 
     bool hasColourWindow() const
     {
-        const XClient& server = m_desktop.server();
-        return server.title(server.focusedWindow()) == QLatin1String("Color");
+        return server().title(server().focusedWindow()) == QLatin1String("Color");
     }
-    bool waitForColourWindow() const
-    {
-        return waitUntil([this] { return hasColourWindow(); });
-    }
+    bool waitForColourWindow() const { return waitForFocus("Color"); }
     // True when no other one comes to light below it, and the desktop looks as before.
     bool closeColourWindow()
     {
-        m_desktop.input().chord({Key::Escape});
+        input().chord({Key::Escape});
         return waitUntil([this] { return !hasColourWindow() && m_desktop.screen() == m_before; });
     }
 };
@@ -93,19 +89,16 @@ TEST_F(Pick, OpensOneColourWindowOnItsDisplayThatCopiesTheValue)
         ASSERT_TRUE(pick(place, place, answer));
         ASSERT_TRUE(waitForColourWindow());
         const auto isCentred = [this, place] {
-            const XClient& server = m_desktop.server();
-            xcb_window_t top = server.focusedWindow();
-            while (server.parent(top) != server.root() && server.parent(top) != XCB_NONE)
-                top = server.parent(top);
-            const QPoint off = server.outline(top).center() - displayAt(place).center();
+            const xcb_window_t window = server().topmost(server().focusedWindow());
+            const QPoint off = server().outline(window).center() - displayAt(place).center();
             return off.manhattanLength() < 40;
         };
         EXPECT_TRUE(waitUntil(isCentred));
-        m_desktop.input().chord({Key::Control, Key::C});
+        input().chord({Key::Control, Key::C});
         EXPECT_TRUE(waitUntil([&] { return clipboard("UTF8_STRING") == colourAt(place).toLatin1(); }));
     }
     m_before = m_desktop.screen();
-    m_desktop.input().chord({Key::Escape});
+    input().chord({Key::Escape});
     EXPECT_TRUE(waitUntil([this] { return !hasColourWindow(); }));
 }
 
@@ -119,21 +112,20 @@ TEST_F(Pick, WithoutAColourChangesNothing)
         {"Escape", [](Input& input) { input.chord({Key::Escape}); }},
         {"right button", [](Input& input) { input.click(Button::Right); }},
         {"verb", [this](Input&) { EXPECT_TRUE(m_program.answers()); }},
-        {"its display goes",
-            [this](Input&) { EXPECT_TRUE(m_desktop.removeDisplay(QStringLiteral("SECOND"))); }},
+        {"its display goes", [this](Input&) { EXPECT_TRUE(m_desktop.removeDisplay("SECOND")); }},
     };
     KeyRecorder recorder(m_desktop.displayName(), kWindow);
     ASSERT_TRUE(startAt("FIRST=1;SECOND=1"));
-    m_desktop.input().moveTo(kSecond.center());
+    input().moveTo(kSecond.center());
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         m_before = m_desktop.settledScreen();
         const auto process = startPick();
         ASSERT_TRUE(waitForTool(kSecond));
-        m_desktop.input().chord({Key::A});
-        m_desktop.input().chord({Key::Super, Key::Digit1}); // a capture's hot key is a key as any other
+        input().chord({Key::A});
+        input().chord({Key::Super, Key::Digit1}); // a capture's hot key is a key as any other
         EXPECT_EQ(m_program.overlay(), XCB_NONE);
-        c.end(m_desktop.input());
+        c.end(input());
         const Answer answer = Program::finish(*process);
         EXPECT_EQ(answer.exitCode, 4);
         EXPECT_EQ(answer.out, QString());
@@ -148,15 +140,15 @@ TEST_F(Pick, BelongsToTheDisplayOfItsPress)
     ASSERT_TRUE(startAt("FIRST=1;SECOND=2"));
     m_before = m_desktop.screen();
     const QPoint place = kFirst.topLeft() + QPoint(200, 300);
-    m_desktop.input().moveTo(place);
+    input().moveTo(place);
     const auto process = startPick();
     ASSERT_TRUE(waitForTool(kFirst));
-    m_desktop.input().press(Button::Left);
-    m_desktop.input().moveTo(kSecond.center());
-    m_desktop.input().release(Button::Left); // picks nothing
-    m_desktop.input().moveTo(place);
+    input().press(Button::Left);
+    input().moveTo(kSecond.center());
+    input().release(Button::Left); // picks nothing
+    input().moveTo(place);
     EXPECT_TRUE(waitForTool(kFirst));
-    m_desktop.input().click(Button::Left);
+    input().click(Button::Left);
     EXPECT_EQ(Program::finish(*process).out.trimmed(), colourAt(place));
 }
 
@@ -169,6 +161,6 @@ TEST_F(Pick, ALaterPickTakesOver)
     const auto second = startPick();
     EXPECT_EQ(Program::finish(*first).exitCode, 4);
     ASSERT_TRUE(waitForTool(kFirst));
-    m_desktop.input().click(Button::Left); // where the first one drew its cross
+    input().click(Button::Left); // where the first one drew its cross
     EXPECT_EQ(Program::finish(*second).out.trimmed(), colourAt(kFirst.center()));
 }

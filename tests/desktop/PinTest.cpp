@@ -11,20 +11,14 @@ protected:
         EachDesktopTest::SetUp();
         ASSERT_TRUE(m_program.startResident());
     }
-    // Whether a window of exactly this place is on the screen.
-    bool hasWindow(QRect place) const
-    {
-        const auto windows = m_desktop.server().visibleWindows();
-        return std::any_of(windows.begin(), windows.end(),
-            [&](xcb_window_t window) { return m_desktop.server().outline(window) == place; });
-    }
+    bool hasWindow(QRect place) const { return server().windowAt(place) != XCB_NONE; }
     static QRect placeOf(QRect region) { return region.adjusted(1, 0, 0, -1); }
     testing::AssertionResult pin(QRect region)
     {
         if (const auto opened = openOverlay(); !opened)
             return opened;
-        m_desktop.input().drag(region.topLeft(), region.topLeft() + QPoint(region.width(), region.height()));
-        m_desktop.input().chord({Key::Control, Key::P});
+        input().drag(region);
+        input().chord({Key::Control, Key::P});
         if (!waitUntil([&] { return hasWindow(placeOf(region)); }))
             return testing::AssertionFailure() << "no pin at " << region.x() << ',' << region.y();
         return waitForRest();
@@ -34,14 +28,9 @@ protected:
     {
         int count = 0;
         const QDir tasks(QStringLiteral("/proc/%1/task").arg(m_program.resident().processId()));
-        for (const QString& task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            QFile status(tasks.filePath(task + QStringLiteral("/status")));
-            if (!status.open(QIODevice::ReadOnly))
-                continue;
-            const QByteArray text = status.readAll();
+        for (const QString& task : tasks.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
             count +=
-                text.mid(text.indexOf("\nvoluntary_ctxt_switches:") + 25).split('\n')[0].trimmed().toInt();
-        }
+                statusNumber(tasks.filePath(task + QStringLiteral("/status")), "voluntary_ctxt_switches");
         return count;
     }
 
@@ -52,57 +41,46 @@ protected:
 
 LUMORA_ON_EACH_DESKTOP(Pin);
 
-TEST_P(Pin, ShowsItsPixelsWhereTheyWere)
+TEST_P(Pin, ShowsItsPixelsAndIsDraggedSavedCopiedAndOnTheNextPicture)
 {
     ASSERT_TRUE(pin(kRegion));
-    m_desktop.input().moveTo({1270, 790});
+    input().moveTo({1270, 790});
     EXPECT_TRUE(samePixels(m_desktop.settledScreen(), m_before));
-}
-
-TEST_P(Pin, IsDraggedByItsBodyAndSavedWhole)
-{
-    ASSERT_TRUE(pin(kRegion));
-    m_desktop.input().drag({200, 500}, {633, 421});
-    const QRect moved = placeOf(kRegion).translated(433, -79);
-    EXPECT_TRUE(waitUntil([&] { return hasWindow(moved); }));
-    EXPECT_TRUE(samePixels(pictureAfter({Key::Control, Key::S}), m_before.copy(kRegion)));
-    m_desktop.input().chord({Key::Control, Key::C});
+    const QPoint by(433, -79);
+    const QRect moved = placeOf(kRegion).translated(by);
+    input().drag({200, 500}, QPoint(200, 500) + by);
+    ASSERT_TRUE(waitUntil([&] { return hasWindow(moved); }));
+    EXPECT_TRUE(saves(kRegion));
+    input().chord({Key::Control, Key::C});
     EXPECT_TRUE(waitUntil([&] { return !clipboard("image/png").isEmpty(); }));
     EXPECT_TRUE(samePixels(QImage::fromData(clipboard("image/png")), m_before.copy(kRegion)));
-    m_desktop.input().chord({Key::Escape});
-    EXPECT_TRUE(waitUntil([&] { return !hasWindow(moved); }));
-}
 
-TEST_P(Pin, IsOnTheNextPicture)
-{
-    ASSERT_TRUE(pin(kRegion));
-    m_desktop.input().drag({200, 500}, {633, 421});
-    ASSERT_TRUE(waitUntil([&] { return hasWindow(placeOf(kRegion).translated(433, -79)); }));
-    m_desktop.input().moveTo({1270, 790});
-    const QImage before = m_desktop.settledScreen();
+    input().moveTo({1270, 790});
+    const QImage screen = m_desktop.settledScreen();
     const QImage picture = pictureAfter({Key::Super, Key::Digit2});
-    EXPECT_TRUE(samePixels(picture, before));
+    EXPECT_TRUE(samePixels(picture, screen));
     const QRect inside = placeOf(kRegion).adjusted(2, 2, -2, -2); // without the frame of an active one
-    EXPECT_TRUE(samePixels(picture.copy(inside.translated(433, -79)), m_before.copy(inside)));
+    EXPECT_TRUE(samePixels(picture.copy(inside.translated(by)), m_before.copy(inside)));
+    input().chord({Key::Escape});
+    EXPECT_TRUE(waitUntil([&] { return !hasWindow(moved); }));
 }
 
 TEST_P(Pin, ZoomsWithTheWheelAndComesBack)
 {
     ASSERT_TRUE(pin(kRegion));
-    m_desktop.input().moveTo(kRegion.center());
+    input().moveTo(kRegion.center());
     for (int i = 0; i < 3; ++i)
-        m_desktop.input().click(Button::WheelUp);
+        input().click(Button::WheelUp);
     EXPECT_TRUE(waitUntil([&] { return !hasWindow(placeOf(kRegion)); }));
     for (int i = 0; i < 3; ++i)
-        m_desktop.input().click(Button::WheelDown);
+        input().click(Button::WheelDown);
     const auto isBack = [&] {
-        const auto windows = m_desktop.server().visibleWindows();
-        return std::any_of(windows.begin(), windows.end(), [&](xcb_window_t window) {
-            return m_desktop.server().outline(window).size() == placeOf(kRegion).size();
-        });
+        const auto windows = server().visibleWindows();
+        return std::any_of(windows.begin(), windows.end(),
+            [&](xcb_window_t window) { return server().outline(window).size() == placeOf(kRegion).size(); });
     };
     EXPECT_TRUE(waitUntil(isBack));
-    m_desktop.input().click(Button::Middle);
+    input().click(Button::Middle);
     EXPECT_TRUE(waitUntil([&] { return !isBack(); }));
 }
 
@@ -114,18 +92,18 @@ TEST_P(Pin, TwentyRestWithoutAWakeUpAndAreEachDragged)
         regions.push_back({20 + i % 5 * 130, 100 + i / 5 * 100, 100 + i, 80});
     for (const QRect region : regions)
         ASSERT_TRUE(pin(region));
-    m_desktop.input().moveTo({1270, 790});
+    input().moveTo({1270, 790});
     QThread::msleep(500);
     const int before = wakeUps();
     QThread::msleep(1000);
     EXPECT_EQ(wakeUps(), before);
     for (const QRect region : regions) {
-        m_desktop.input().drag(region.center(), region.center() + by);
+        input().drag(region.center(), region.center() + by);
         EXPECT_TRUE(waitUntil([&] { return hasWindow(placeOf(region).translated(by)); }));
     }
     for (const QRect region : regions) {
-        m_desktop.input().moveTo(region.center() + by);
-        m_desktop.input().click(Button::Middle);
+        input().moveTo(region.center() + by);
+        input().click(Button::Middle);
         EXPECT_TRUE(waitUntil([&] { return !hasWindow(placeOf(region).translated(by)); }));
     }
 }

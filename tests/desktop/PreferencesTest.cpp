@@ -1,7 +1,6 @@
 #include "tests/desktop/ProgramTest.h"
 #include "tests/desktop/TestWindow.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 namespace {
@@ -41,37 +40,33 @@ protected:
     void SetUp() override
     {
         ProgramTest::SetUp();
-        m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QString::number(m_scale));
+        m_program.setEnvironment("QT_SCALE_FACTOR", QString::number(m_scale));
         ASSERT_TRUE(m_program.startResident());
         ASSERT_TRUE(openPreferences());
     }
 
     bool openPreferences()
     {
-        m_desktop.input().moveTo({100, 100});
-        m_program.run({QStringLiteral("menu")});
-        waitUntil([this] { return m_desktop.server().isKeyboardTaken(); });
+        input().moveTo({100, 100});
+        m_program.run("menu");
+        waitUntil([this] { return server().isKeyboardTaken(); });
         for (const Key key : {Key::Up, Key::Up, Key::Up, Key::Return}) // the last entry but two
-            m_desktop.input().chord({key});
+            input().chord({key});
         return waitForTitle("Preferences");
     }
     bool waitForTitle(const char* title)
     {
-        const XClient& server = m_desktop.server();
-        const bool isThere =
-            waitUntil([&] { return server.title(server.focusedWindow()) == QString::fromUtf8(title); });
-        m_window = server.focusedWindow();
+        const bool isThere = waitForFocus(title);
+        m_window = server().focusedWindow();
         m_desktop.settledScreen();
         return isThere;
     }
     void click(QPoint part)
     {
-        const XClient& server = m_desktop.server();
-        const QPoint corner = server.geometry(server.parent(m_window)).topLeft();
-        const QPoint place = corner + server.geometry(m_window).topLeft() + part * m_scale;
-        m_desktop.input().moveTo(place - QPoint(2, 0));
-        m_desktop.input().moveTo(place);
-        m_desktop.input().click(Button::Left);
+        const QPoint corner = server().geometry(server().parent(m_window)).topLeft();
+        const QPoint place = corner + server().geometry(m_window).topLeft() + part * m_scale;
+        input().moveTo(place - QPoint(2, 0));
+        input().clickAt(place);
     }
     void startRecording(QPoint field)
     {
@@ -79,25 +74,23 @@ protected:
         click(field);
         EXPECT_TRUE(waitUntil([&] { return m_desktop.screen() != before; }));
         m_desktop.settledScreen(); // asking for the keyboard earlier might take it from the field
-        EXPECT_TRUE(m_desktop.server().isKeyboardTaken());
+        EXPECT_TRUE(server().isKeyboardTaken());
     }
     void record(QPoint field, std::initializer_list<Key> keys)
     {
         startRecording(field);
-        m_desktop.input().chord(keys);
-        EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
+        input().chord(keys);
+        EXPECT_TRUE(waitUntil([this] { return !server().isKeyboardTaken(); }));
     }
 
     // The settings file's value of a key as it is written; null when there is none.
     QString stored(const char* key) const
     {
-        QFile file(m_program.settingsFile());
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
         const QRegularExpression entry(
             QStringLiteral("<key>%1</key>\\s*<(?:(true|false)/>|\\w+>([^<]*)<|string/>)")
                 .arg(QLatin1String(key)));
-        const QRegularExpressionMatch match = entry.match(QString::fromUtf8(file.readAll()));
+        const QRegularExpressionMatch match =
+            entry.match(QString::fromUtf8(readFile(m_program.settingsFile())));
         return match.hasMatch() ? QLatin1String("") + match.captured(1) + match.captured(2) : QString();
     }
     testing::AssertionResult becomes(const char* key, const char* value) const
@@ -111,7 +104,7 @@ protected:
         return !Program::allFiles(m_desktop.configFolder() + QStringLiteral("/autostart")).isEmpty();
     }
 
-    int height() const { return m_desktop.server().geometry(m_window).height(); }
+    int height() const { return server().geometry(m_window).height(); }
     // Whether the window has room for one more line than it had, or no longer.
     bool grows(int from) const
     {
@@ -161,13 +154,13 @@ TEST_F(PreferencesWindow, RecordHotKeysThatWorkAtOnceAndAfterARestart)
 TEST_F(PreferencesWindow, StartNothingWhileTheRecordedKeyIsHeld)
 {
     startRecording(kRegionField);
-    m_desktop.input().press(Key::Super);
-    m_desktop.input().press(Key::Digit9);
+    input().press(Key::Super);
+    input().press(Key::Digit9);
     EXPECT_TRUE(becomes(kRegionKey, "cmd 9"));
     QThread::msleep(900); // the key repeats
     EXPECT_EQ(m_program.overlay(), XCB_NONE);
-    m_desktop.input().releaseAll();
-    EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
+    input().releaseAll();
+    EXPECT_TRUE(waitUntil([this] { return !server().isKeyboardTaken(); }));
     EXPECT_TRUE(waitUntil([this] { return opensOverlay({Key::Super, Key::Digit9}, 300); }));
 }
 
@@ -176,9 +169,9 @@ TEST_F(PreferencesWindow, RecordNoKeyWithoutAPlaceOfItsOwn)
     startRecording(kRegionField);
     for (const std::initializer_list<Key>& keys : std::initializer_list<std::initializer_list<Key>>{
              {kDigit5}, {Key::Escape}, {Key::Tab}, {Key::Super, Key::Left}, {Key::Super, kF2}})
-        m_desktop.input().chord(keys);
-    EXPECT_TRUE(m_desktop.server().isKeyboardTaken());
-    m_desktop.input().chord({Key::Super, kSemicolon});
+        input().chord(keys);
+    EXPECT_TRUE(server().isKeyboardTaken());
+    input().chord({Key::Super, kSemicolon});
     EXPECT_TRUE(becomes(kRegionKey, "cmd K"));
     record(kFullField, {Key::Super, kPageDown});
     EXPECT_TRUE(becomes(kFullKey, "cmd F2"));
@@ -196,7 +189,7 @@ TEST_F(PreferencesWindow, ClearOneHotKeyAndLeaveTheOther)
     EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before));
     startRecording(kFullField);
     click(kSnapBack + QPoint(0, kFullField.y() - kRegionField.y()));
-    EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
+    EXPECT_TRUE(waitUntil([this] { return !server().isKeyboardTaken(); }));
     EXPECT_FALSE(pictureAfter({Key::Super, Key::Digit2}).isNull());
     ASSERT_EQ(m_program.quitResident(), 0);
     ASSERT_TRUE(m_program.startResident());
@@ -208,18 +201,14 @@ TEST_F(PreferencesWindow, LoseAShortcutWithTheFocus)
 {
     const TestWindow other(m_desktop.displayName(), {{20, 40, 200, 200}});
     startRecording(kRegionField);
-    m_desktop.input().moveTo({100, 120});
-    m_desktop.input().click(Button::Left);
+    input().clickAt({100, 120});
     EXPECT_TRUE(becomes(kRegionKey, ""));
-    EXPECT_TRUE(waitUntil([this] { return !m_desktop.server().isKeyboardTaken(); }));
+    EXPECT_TRUE(waitUntil([this] { return !server().isKeyboardTaken(); }));
 }
 
 TEST_F(PreferencesWindow, MarkAHotKeyThatAnotherProgramHas)
 {
-    const XClient other(m_desktop.displayName());
-    xcb_grab_key(other.connection(), false, other.root(), XCB_MOD_MASK_4, quint8(Key::Digit9),
-        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    other.sync();
+    takeHotKey(Key::Digit9);
     const int before = height();
     record(kRegionField, {Key::Super, Key::Digit9});
     EXPECT_TRUE(becomes(kRegionKey, "cmd 9"));
@@ -237,14 +226,14 @@ TEST_F(PreferencesWindow, ChooseTheFolderInADialog)
         SCOPED_TRACE(int(end));
         click(kChangeFolder);
         ASSERT_TRUE(waitForTitle("Screenshot folder"));
-        EXPECT_EQ(m_program.run({QStringLiteral("menu")}).exitCode, 5);
+        EXPECT_EQ(m_program.run("menu").exitCode, 5);
         if (end == Key::Return)
-            m_desktop.input().chord({Key::A});
-        m_desktop.input().chord({end});
+            input().chord({Key::A});
+        input().chord({end});
         ASSERT_TRUE(waitForTitle("Preferences"));
     }
     EXPECT_TRUE(becomes("screenshotSavePath", qPrintable(folder)));
-    m_desktop.input().chord({Key::Super, Key::Digit2});
+    input().chord({Key::Super, Key::Digit2});
     EXPECT_TRUE(waitUntil([&] { return Program::allFiles(folder).size() == 1; }));
 }
 
@@ -272,7 +261,7 @@ TEST_F(PreferencesWindow, WriteEveryOptionAtOnce)
     }
     click(kEndpoint);
     m_desktop.settledScreen(); // a click may pass through the window manager, a key does not
-    m_desktop.input().chord({Key::A});
+    input().chord({Key::A});
     EXPECT_TRUE(becomes("uploadEndpoint", "a"));
     const int before = height();
     click(kTest);
@@ -283,22 +272,21 @@ TEST_F(PreferencesWindow, KeepTheLastCaptureOnlyWhileAskedTo)
 {
     const auto capture = [this] {
         EXPECT_TRUE(openOverlay());
-        m_desktop.input().drag({900, 100}, {1100, 200});
+        input().drag({900, 100}, {1100, 200});
         m_desktop.settledScreen();
-        m_desktop.input().chord({Key::Escape});
-        EXPECT_TRUE(waitForRest());
+        EXPECT_TRUE(cancelCapture());
     };
     click(kKeepLast);
     ASSERT_TRUE(becomes("lastCaptureIsKept", "false"));
     capture();
-    EXPECT_EQ(m_program.run({QStringLiteral("reopen")}).exitCode, 1);
+    EXPECT_EQ(m_program.run("reopen").exitCode, 1);
     ASSERT_TRUE(waitForRest());
     click(kKeepLast);
     ASSERT_TRUE(becomes("lastCaptureIsKept", "true"));
     capture();
-    const auto verb = m_program.start({QStringLiteral("reopen")});
+    const auto verb = m_program.start("reopen");
     EXPECT_TRUE(m_program.waitForOverlay(m_before));
-    m_desktop.input().chord({Key::Escape});
+    input().chord({Key::Escape});
     EXPECT_EQ(Program::finish(*verb).exitCode, 4);
 }
 
@@ -316,17 +304,17 @@ TEST_F(PreferencesAtScale2, ChooseTheSizeOfPictures)
 TEST_F(PreferencesWindow, ChangeFormatAndLanguageInTheirMenus)
 {
     click(kFormat);
-    ASSERT_TRUE(waitUntil([this] { return m_desktop.server().isKeyboardTaken(); }));
+    ASSERT_TRUE(waitUntil([this] { return server().isKeyboardTaken(); }));
     for (const Key key : {Key::Down, Key::Down, Key::Return})
-        m_desktop.input().chord({key});
+        input().chord({key});
     EXPECT_TRUE(becomes("screenshotType", ".jpg"));
     ASSERT_FALSE(pictureAfter({Key::Super, Key::Digit2}).isNull());
     EXPECT_TRUE(m_program.savedPictures().last().endsWith(QLatin1String(".jpg")));
     click(kLanguage);
-    ASSERT_TRUE(waitUntil([this] { return m_desktop.server().isKeyboardTaken(); }));
+    ASSERT_TRUE(waitUntil([this] { return server().isKeyboardTaken(); }));
     for (int i = 0; i < 9; ++i)
-        m_desktop.input().chord({Key::Down});
-    m_desktop.input().chord({Key::Return});
+        input().chord({Key::Down});
+    input().chord({Key::Return});
     EXPECT_TRUE(waitForTitle("Einstellungen"));
     EXPECT_TRUE(becomes("clientLang", "German"));
 }
@@ -339,8 +327,8 @@ TEST_F(PreferencesWindow, FollowTheFileThatIsWrittenByHand)
     EXPECT_TRUE(waitForTitle("Einstellungen"));
     EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit9}, 300)); // it is recorded
     EXPECT_TRUE(opensOverlay({Key::Super, Key::Digit9}, 5000));
-    m_desktop.input().chord({Key::Escape});
-    EXPECT_TRUE(waitUntil([this] { return m_desktop.server().focusedWindow() != m_window; }));
+    input().chord({Key::Escape});
+    EXPECT_TRUE(waitUntil([this] { return server().focusedWindow() != m_window; }));
     EXPECT_TRUE(m_program.answers());
 }
 

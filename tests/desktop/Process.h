@@ -14,6 +14,12 @@ struct ProcessOutput {
 std::unique_ptr<QProcess> startProcess(const QString& program, const QStringList& arguments,
     const QProcessEnvironment& environment, const ProcessOutput& output = {});
 
+// The words of a command line, apart at its blanks.
+inline QStringList words(const char* text)
+{
+    return QString::fromUtf8(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
 // Ends it politely, after a second by force. Nothing happens to a process that has ended.
 void endProcess(QProcess& process);
 

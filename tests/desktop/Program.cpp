@@ -1,19 +1,13 @@
 #include "tests/desktop/Program.h"
 
+#include "tests/desktop/Files.h"
 #include "tests/desktop/Wait.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 #include <array>
 
 namespace {
-
-QString textOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 
 // The corners stay dimmed whatever is drawn around the pointer.
 bool isDimmed(const QImage& now, const QImage& before, QRect display)
@@ -45,24 +39,13 @@ Program::Program(Desktop& desktop, QString path)
     , m_path(std::move(path))
     , m_environment(desktop.environment())
 {
-    m_environment.insert(
-        QStringLiteral("LUMORA_NOTICES"), QStringLiteral("off")); // on no picture of the screen
+    setEnvironment("LUMORA_NOTICES", "off"); // on no picture of the screen
 }
 
 Program::~Program()
 {
     if (m_resident)
         endProcess(*m_resident);
-}
-
-Answer Program::run(const QStringList& arguments) const
-{
-    return finish(*start(arguments));
-}
-
-std::unique_ptr<QProcess> Program::start(const QStringList& arguments) const
-{
-    return startProcess(m_path, arguments, m_environment);
 }
 
 Answer Program::finish(QProcess& process)
@@ -96,7 +79,7 @@ bool Program::startAndWait(const QString& program, const QStringList& arguments)
 
 int Program::quitResident()
 {
-    run({QStringLiteral("quit")});
+    run("quit");
     const int exitCode = finish(*m_resident).exitCode;
     m_resident.reset();
     return exitCode;
@@ -136,7 +119,7 @@ QStringList Program::logLines() const
 {
     static const QRegularExpression stamp(
         QStringLiteral("^\\[\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\] "));
-    QStringList lines = textOf(logFile()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QStringList lines = QString::fromUtf8(readFile(logFile())).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (QString& line : lines)
         line.remove(stamp);
     return lines;
@@ -144,7 +127,7 @@ QStringList Program::logLines() const
 
 QString Program::residentErrors() const
 {
-    return textOf(errorsFile());
+    return QString::fromUtf8(readFile(errorsFile()));
 }
 
 QString Program::settingsFile() const
@@ -160,12 +143,9 @@ void Program::writeSettings(const QVariantMap& changes) const
     for (auto value = values.begin(); value != values.end(); ++value)
         entries += QStringLiteral("<key>%1</key>%2\n").arg(value.key(), plistValue(value.value()));
     QDir().mkpath(saveFolder());
-    QFile file(settingsFile());
-    if (file.open(QIODevice::WriteOnly))
-        file.write(QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                  "<plist version=\"1.0\">\n<dict>\n%1</dict>\n</plist>\n")
-                       .arg(entries)
-                       .toUtf8());
+    writeFile(
+        settingsFile(), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n<dict>\n" +
+                            entries.toUtf8() + "</dict>\n</plist>\n");
 }
 
 QString Program::saveFolder() const

@@ -22,16 +22,25 @@ public:
     ~Program();
 
     // Added to the environment of every run from now on.
-    void setEnvironment(const QString& variable, const QString& value)
+    void setEnvironment(const char* variable, const QString& value)
     {
-        m_environment.insert(variable, value);
+        m_environment.insert(QString::fromUtf8(variable), value);
     }
-    void removeEnvironment(const QString& variable) { m_environment.remove(variable); }
+    void setEnvironment(const char* variable, const char* value)
+    {
+        setEnvironment(variable, QString::fromUtf8(value));
+    }
+    void removeEnvironment(const char* variable) { m_environment.remove(QString::fromUtf8(variable)); }
 
     // One run, from start to end.
-    Answer run(const QStringList& arguments) const;
+    Answer run(const QStringList& arguments) const { return finish(*start(arguments)); }
+    Answer run(const char* arguments) const { return run(words(arguments)); }
     // A run that goes on while the test does something, and its end.
-    std::unique_ptr<QProcess> start(const QStringList& arguments) const;
+    std::unique_ptr<QProcess> start(const QStringList& arguments) const
+    {
+        return startOther(m_path, arguments);
+    }
+    std::unique_ptr<QProcess> start(const char* arguments) const { return start(words(arguments)); }
     static Answer finish(QProcess& process);
     // Another program in the same environment.
     std::unique_ptr<QProcess> startOther(const QString& program, const QStringList& arguments) const
@@ -49,7 +58,7 @@ public:
     void killResident();
     // Asks it to quit, waits and forgets it; its exit code, -1 when it crashed or did not end in time.
     int quitResident();
-    bool answers() const { return run({QStringLiteral("cancel")}).exitCode == 0; }
+    bool answers() const { return run("cancel").exitCode == 0; }
 
     // The visible overlay, XCB_NONE when there is none.
     xcb_window_t overlay() const;

@@ -1,7 +1,6 @@
 #include "tests/desktop/ProgramTest.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 namespace {
 
@@ -22,7 +21,7 @@ void ProgramTest::SetUp()
 
 void ProgramTest::TearDown()
 {
-    const int exitCode = m_program.run({QStringLiteral("quit")}).exitCode;
+    const int exitCode = m_program.run("quit").exitCode;
     EXPECT_TRUE(exitCode == 0 || exitCode == 3) << exitCode;
     if (m_program.hasResident()) {
         EXPECT_EQ(m_program.quitResident(), 0) << qPrintable(m_program.residentErrors());
@@ -31,31 +30,30 @@ void ProgramTest::TearDown()
 
 bool ProgramTest::startResidentAt(const char* scale)
 {
-    m_program.setEnvironment(QStringLiteral("QT_SCALE_FACTOR"), QLatin1String(scale));
+    m_program.setEnvironment("QT_SCALE_FACTOR", scale);
     return m_program.startResident();
 }
 
 testing::AssertionResult ProgramTest::startOnDisplays(QRect first, QRect second, const char* scales)
 {
     for (const char* name : {"SECOND", "FIRST"})
-        m_desktop.removeDisplay(QLatin1String(name));
-    m_program.setEnvironment(QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QLatin1String(scales));
-    m_desktop.input().moveTo(first.center());
-    const bool isStarted = m_desktop.setPrimaryDisplay(QStringLiteral("FIRST"), first) &&
-                           m_desktop.setDisplay(QStringLiteral("SECOND"), second) &&
-                           m_program.startResident();
+        m_desktop.removeDisplay(name);
+    m_program.setEnvironment("QT_SCREEN_SCALE_FACTORS", scales);
+    input().moveTo(first.center());
+    const bool isStarted = m_desktop.setPrimaryDisplay("FIRST", first) &&
+                           m_desktop.setDisplay("SECOND", second) && m_program.startResident();
     return isStarted ? testing::AssertionSuccess() : testing::AssertionFailure() << "not started";
 }
 
 testing::AssertionResult ProgramTest::openOverlay()
 {
-    return openOverlay(QRect({}, m_desktop.server().size()));
+    return openOverlay(QRect({}, server().size()));
 }
 
 testing::AssertionResult ProgramTest::openOverlay(QRect display)
 {
     m_before = m_desktop.settledScreen();
-    m_desktop.input().chord({Key::Super, Key::Digit1});
+    input().chord({Key::Super, Key::Digit1});
     if (m_program.waitForOverlay(m_before, display))
         return testing::AssertionSuccess();
     return testing::AssertionFailure() << "no overlay; the log ends with "
@@ -64,29 +62,52 @@ testing::AssertionResult ProgramTest::openOverlay(QRect display)
 
 testing::AssertionResult ProgramTest::openOverlayOnFreeGround()
 {
-    m_desktop.input().moveTo(kFreeGround);
+    input().moveTo(kFreeGround);
     return openOverlay();
 }
 
 bool ProgramTest::opensOverlay(std::initializer_list<Key> keys, int milliseconds)
 {
-    m_desktop.input().chord(keys);
+    input().chord(keys);
     const bool isOpen = waitUntil([this] { return m_program.overlay() != XCB_NONE; }, milliseconds);
     if (isOpen)
-        m_desktop.input().click(Button::Right);
+        input().click(Button::Right);
     return waitForRest() && isOpen;
 }
 
-QImage ProgramTest::savedRegion(QPoint from, QPoint to)
+std::unique_ptr<QProcess> ProgramTest::startRegion()
 {
-    m_desktop.input().drag(from, to);
-    return pictureAfter({Key::Control, Key::S});
+    return startRegion(QRect({}, server().size()));
+}
+
+std::unique_ptr<QProcess> ProgramTest::startRegion(QRect display)
+{
+    m_before = m_desktop.settledScreen();
+    auto verb = m_program.start("region");
+    return m_program.waitForOverlay(m_before, display) ? std::move(verb) : nullptr;
+}
+
+testing::AssertionResult ProgramTest::cancelCapture()
+{
+    input().chord({Key::Escape});
+    return waitForRest();
+}
+
+testing::AssertionResult ProgramTest::saves(QRect part)
+{
+    return samePixels(pictureAfter({Key::Control, Key::S}), m_before.copy(part));
+}
+
+testing::AssertionResult ProgramTest::savesRegion(QPoint from, QPoint to)
+{
+    input().drag(from, to);
+    return saves(spannedBy(from, to));
 }
 
 QImage ProgramTest::pictureAfter(std::initializer_list<Key> keys)
 {
     const qsizetype count = m_program.savedPictures().size();
-    m_desktop.input().chord(keys);
+    input().chord(keys);
     if (!waitUntil([&] { return m_program.savedPictures().size() > count; }) || !waitForRest())
         return {};
     return QImage(m_program.savedPictures().last());
@@ -100,11 +121,22 @@ testing::AssertionResult ProgramTest::waitForRest() const
     return testing::AssertionSuccess();
 }
 
+bool ProgramTest::waitForFocus(const char* title) const
+{
+    return waitUntil([&] { return server().title(server().focusedWindow()) == QString::fromUtf8(title); });
+}
+
+void ProgramTest::takeHotKey(Key key) const
+{
+    xcb_grab_key(server().connection(), false, server().root(), XCB_MOD_MASK_4, quint8(key),
+        XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    server().sync();
+}
+
 QByteArray ProgramTest::clipboard(const char* mimeType) const
 {
-    const auto reader = m_program.startOther(QStringLiteral("xclip"),
-        {QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-out"),
-            QStringLiteral("-target"), QLatin1String(mimeType)});
+    const QString line = QStringLiteral("-selection clipboard -out -target ") + QLatin1String(mimeType);
+    const auto reader = m_program.startOther(QStringLiteral("xclip"), words(qPrintable(line)));
     return reader->waitForFinished(5000) ? reader->readAllStandardOutput() : QByteArray();
 }
 
@@ -116,20 +148,18 @@ int ProgramTest::logCount(const char* message) const
 void ProgramTest::standInForTheBrowser()
 {
     const QString folder = m_desktop.home() + QStringLiteral("/bin");
-    QDir().mkpath(folder);
-    QFile script(folder + QStringLiteral("/xdg-open"));
-    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\necho \"$1\" >> " + QFile::encodeName(m_desktop.home()) + "/opened\n");
-    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    m_program.setEnvironment(QStringLiteral("PATH"),
-        folder + QLatin1Char(':') + m_desktop.environment().value(QStringLiteral("PATH")));
+    const QString script = folder + QStringLiteral("/xdg-open");
+    ASSERT_TRUE(
+        writeFile(script, "#!/bin/sh\necho \"$1\" >> " + QFile::encodeName(m_desktop.home()) + "/opened\n"));
+    QFile::setPermissions(script, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_program.setEnvironment(
+        "PATH", folder + QLatin1Char(':') + m_desktop.environment().value(QStringLiteral("PATH")));
 }
 
 QStringList ProgramTest::openedAddresses() const
 {
-    QFile file(m_desktop.home() + QStringLiteral("/opened"));
-    file.open(QIODevice::ReadOnly);
-    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return QString::fromUtf8(readFile(m_desktop.home() + QStringLiteral("/opened")))
+        .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 std::string desktopName(const testing::TestParamInfo<bool>& hasWindowManager)
@@ -167,6 +197,16 @@ double meanDifference(const QImage& actual, const QImage& expected)
         }
     }
     return sum / 3 / actual.width() / actual.height();
+}
+
+QRect changed(const QImage& a, const QImage& b)
+{
+    QRect rect;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (a.pixel(x, y) != b.pixel(x, y))
+                rect |= QRect(x, y, 1, 1);
+    return rect;
 }
 
 QRect spannedBy(QPoint from, QPoint to)

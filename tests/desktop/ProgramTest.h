@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/desktop/Files.h"
 #include "tests/desktop/Program.h"
 #include "tests/desktop/Wait.h"
 
@@ -13,6 +14,9 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
+    Input& input() { return m_desktop.input(); }
+    const XClient& server() const { return m_desktop.server(); }
+
     // Starts the resident program at a scale factor.
     bool startResidentAt(const char* scale);
     // The same on two displays, FIRST and SECOND, with the pointer on the first one and scale factors such as
@@ -25,12 +29,23 @@ protected:
     testing::AssertionResult openOverlayOnFreeGround();
     // Whether the keys open the overlay in time; it is then cancelled.
     bool opensOverlay(std::initializer_list<Key> keys, int milliseconds);
-    // Drags the region, saves it and gives the picture; null when none was saved.
-    QImage savedRegion(QPoint from, QPoint to);
+    // Begins a capture by its verb; null when no overlay comes.
+    std::unique_ptr<QProcess> startRegion();
+    std::unique_ptr<QProcess> startRegion(QRect display);
+    // Ends it with Escape.
+    testing::AssertionResult cancelCapture();
+    // Whether the save key gives that part of the screen as it was when the capture began.
+    testing::AssertionResult saves(QRect part);
+    // The same after a drag of the region.
+    testing::AssertionResult savesRegion(QPoint from, QPoint to);
     // Presses the keys and gives the picture that a capture then leaves; null when there is none.
     QImage pictureAfter(std::initializer_list<Key> keys);
     // Waits until the overlay is gone and the pause after a capture is over.
     testing::AssertionResult waitForRest() const;
+    // Waits until a window of that title has the keyboard's focus.
+    bool waitForFocus(const char* title) const;
+    // Another program takes the hot key of Super and this key first.
+    void takeHotKey(Key key) const;
     // What another program gets when it pastes; empty when it gets nothing.
     QByteArray clipboard(const char* mimeType) const;
     int logCount(const char* message) const;
@@ -44,7 +59,7 @@ protected:
 
     Desktop m_desktop;
     Program m_program;
-    QImage m_before; // the screen before the capture, with openOverlay
+    QImage m_before; // the screen before the capture, with openOverlay or startRegion
 };
 
 // The same with a window manager (true) and without one (false).
@@ -64,5 +79,7 @@ std::string desktopName(const testing::TestParamInfo<bool>& hasWindowManager);
 testing::AssertionResult samePixels(const QImage& actual, const QImage& expected);
 // The mean difference of the channels, 0 to 255; 255 for pictures of different sizes.
 double meanDifference(const QImage& actual, const QImage& expected);
+// The smallest rectangle around the pixels in which two pictures of one size differ.
+QRect changed(const QImage& a, const QImage& b);
 // The device pixels of a drag: the pointer's own pixel is not a part of it on its right and bottom edge.
 QRect spannedBy(QPoint from, QPoint to);

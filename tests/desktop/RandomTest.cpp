@@ -2,8 +2,6 @@
 #include "tests/desktop/TestWindow.h"
 #include "tests/desktop/Toolbars.h"
 
-#include <QFile>
-
 #include <random>
 #include <sstream>
 
@@ -55,15 +53,12 @@ protected:
 void Random::SetUp()
 {
     ProgramTest::SetUp();
-    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("LEFT"), kDisplays[0]));
-    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("RIGHT"), kDisplays[1]));
-    m_program.setEnvironment(QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QStringLiteral("LEFT=1;RIGHT=1.5"));
     // Without frames, which would show who has the keyboard.
     m_windows[0] = std::make_unique<TestWindow>(
         m_desktop.displayName(), WindowLook{{100, 540, 300, 150}, 0, false, true});
     m_windows[1] = std::make_unique<TestWindow>(
         m_desktop.displayName(), WindowLook{{900, 300, 201, 207}, 3, false, true});
-    ASSERT_TRUE(m_program.startResident());
+    ASSERT_TRUE(startOnDisplays(kDisplays[0], kDisplays[1], "FIRST=1;SECOND=1.5"));
 }
 
 void Random::drag(QPoint from, QPoint to)
@@ -71,7 +66,7 @@ void Random::drag(QPoint from, QPoint to)
     std::ostringstream step;
     step << from.x() << ',' << from.y() << " to " << to.x() << ',' << to.y() << "; ";
     m_steps += step.str();
-    m_desktop.input().drag(from, to);
+    input().drag(from, to);
 }
 
 // By a click on the display's window or by a drag.
@@ -80,12 +75,11 @@ void Random::choose(QRect display)
     m_steps.clear();
     if (below(3) == 0) {
         m_region = m_windows[display == kDisplays[1]]->outline();
-        m_desktop.input().moveTo(m_region.center());
-        m_desktop.input().click(Button::Left);
+        input().clickAt(m_region.center());
         return;
     }
     const QPoint corner = display.topLeft() + QPoint(5, 5); // far from the windows' handles
-    m_desktop.input().moveTo(corner);
+    input().moveTo(corner);
     const QPoint to = pointOn(display) + QPoint(10, 10);
     drag(corner, to);
     m_region = spannedBy(corner, to);
@@ -130,29 +124,24 @@ testing::AssertionResult Random::end(QRect display)
     const QImage expected = m_before.copy(m_region & display);
     const qsizetype saved = m_program.savedPictures().size();
     switch (below(4)) {
-    case 0:
-        m_desktop.input().chord({Key::Escape});
-        break;
+    case 0: {
+        const auto rest = cancelCapture();
+        return m_program.savedPictures().size() == saved ? rest : testing::AssertionFailure() << "a file";
+    }
     case 1:
-        m_desktop.input().chord({Key::Control, Key::C});
+        input().chord({Key::Control, Key::C});
         if (!waitForRest())
             return testing::AssertionFailure() << "the overlay stays after a copy";
         return samePixels(QImage::fromData(clipboard("image/png")), expected);
     default:
         return samePixels(pictureAfter({Key::Control, Key::S}), expected);
     }
-    const auto rest = waitForRest();
-    return m_program.savedPictures().size() == saved ? rest : testing::AssertionFailure() << "a file";
 }
 
 Random::Load Random::load() const
 {
-    QFile status(QStringLiteral("/proc/%1/status").arg(m_program.resident().processId()));
-    if (!status.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray text = status.readAll();
-    const QByteArray line = text.mid(text.indexOf("VmRSS:") + 6).trimmed();
-    return {m_desktop.server().windowCount(), line.left(line.indexOf(' ')).toInt()};
+    const QString status = QStringLiteral("/proc/%1/status").arg(m_program.resident().processId());
+    return {server().windowCount(), statusNumber(status, "VmRSS")};
 }
 
 } // namespace
@@ -166,11 +155,11 @@ TEST_F(Random, CapturesLeaveNothingBehindAndGiveTheRightPixels)
     for (int i = 0; i < captures; ++i) {
         SCOPED_TRACE(testing::Message() << "capture " << i);
         int display = below(2);
-        m_desktop.input().moveTo(freeGround(kDisplays[display]));
+        input().moveTo(freeGround(kDisplays[display]));
         ASSERT_TRUE(openOverlay(kDisplays[display]));
         if (below(3) == 0) {
             display = 1 - display;
-            m_desktop.input().moveTo(freeGround(kDisplays[display]));
+            input().moveTo(freeGround(kDisplays[display]));
             ASSERT_TRUE(m_program.waitForOverlay(m_before, kDisplays[display]));
         }
         choose(kDisplays[display]);
@@ -181,8 +170,8 @@ TEST_F(Random, CapturesLeaveNothingBehindAndGiveTheRightPixels)
         }
         SCOPED_TRACE(m_steps);
         ASSERT_TRUE(end(kDisplays[display]));
-        ASSERT_FALSE(m_desktop.server().isKeyboardTaken());
-        ASSERT_FALSE(m_desktop.server().isPointerTaken());
+        ASSERT_FALSE(server().isKeyboardTaken());
+        ASSERT_FALSE(server().isPointerTaken());
         Load& most = i < captures / 3 ? warm : last;
         const Load now = load();
         most = {std::max(most.windows, now.windows), std::max(most.kilobytes, now.kilobytes)};

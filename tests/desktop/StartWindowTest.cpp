@@ -17,7 +17,7 @@ protected:
         ProgramTest::SetUp();
         m_before = m_desktop.settledScreen();
         m_program.writeSettings(kGreeting);
-        m_process = m_program.startOther(QStringLiteral(LUMORA_PROGRAM), {});
+        m_process = m_program.start("");
         ASSERT_TRUE(waitUntil([this] { return !greeting().isEmpty(); }));
     }
     void TearDown() override
@@ -30,9 +30,9 @@ protected:
     // Where it shows; empty when it does not.
     QRect greeting() const
     {
-        for (const xcb_window_t window : m_desktop.server().visibleWindows())
-            if (m_desktop.server().geometry(window).width() >= 460)
-                return m_desktop.server().geometry(window);
+        for (const xcb_window_t window : server().visibleWindows())
+            if (server().geometry(window).width() >= 460)
+                return server().geometry(window);
         return {};
     }
     bool waitForNoGreeting() const
@@ -41,7 +41,7 @@ protected:
     }
     bool opensOverlay(int milliseconds)
     {
-        m_desktop.input().chord({Key::Super, Key::Digit1});
+        input().chord({Key::Super, Key::Digit1});
         return waitUntil([this] { return m_program.overlay() != XCB_NONE; }, milliseconds);
     }
 
@@ -61,7 +61,7 @@ TEST_F(StartWindow, GoesByItselfAndThenTheHotKeysWork)
 
 TEST_F(StartWindow, GoesSoonerForAVerbAndIsInNoPicture)
 {
-    const Answer answer = m_program.run({QStringLiteral("full")});
+    const Answer answer = m_program.run("full");
     EXPECT_EQ(answer.exitCode, 0);
     EXPECT_TRUE(samePixels(QImage(answer.path()), m_before));
     EXPECT_TRUE(greeting().isEmpty());
@@ -69,12 +69,11 @@ TEST_F(StartWindow, GoesSoonerForAVerbAndIsInNoPicture)
 
 TEST_F(StartWindow, StaysAwayOnceItIsDeclined)
 {
-    m_desktop.input().moveTo(greeting().topLeft() + kCheckBox);
-    m_desktop.input().click(Button::Left);
+    input().clickAt(greeting().topLeft() + kCheckBox);
     ASSERT_TRUE(waitForNoGreeting());
-    m_program.run({QStringLiteral("quit")});
+    m_program.run("quit");
     ASSERT_TRUE(m_process->waitForFinished(5000));
-    m_process = m_program.startOther(QStringLiteral(LUMORA_PROGRAM), {});
+    m_process = m_program.start("");
     ASSERT_TRUE(waitUntil([this] { return m_program.answers(); }));
     EXPECT_EQ(logCount("launch: hot keys"), 2);
     EXPECT_TRUE(greeting().isEmpty());

@@ -23,13 +23,12 @@ TestWindow::TestWindow(const QString& displayName, const WindowLook& look)
 
 bool TestWindow::isVisible() const
 {
-    const std::vector<xcb_window_t> visible = m_client.visibleWindows();
-    return std::find(visible.begin(), visible.end(), topmost()) != visible.end();
+    return std::ranges::count(m_client.visibleWindows(), m_client.topmost(m_window)) == 1;
 }
 
 QRect TestWindow::outline() const
 {
-    return m_client.outline(topmost());
+    return m_client.outline(m_client.topmost(m_window));
 }
 
 void TestWindow::kill()
@@ -56,15 +55,4 @@ void TestWindow::setNumbers(const char* name, xcb_atom_t type, const std::vector
 {
     xcb_change_property(m_client.connection(), XCB_PROP_MODE_REPLACE, m_window, m_client.atom(name), type, 32,
         quint32(numbers.size()), numbers.data());
-}
-
-// The window itself or the frame around it: the child of the root.
-xcb_window_t TestWindow::topmost() const
-{
-    xcb_window_t window = m_window;
-    for (xcb_window_t parent = window; parent != m_client.root() && parent != XCB_NONE;) {
-        window = parent;
-        parent = m_client.parent(window);
-    }
-    return window;
 }

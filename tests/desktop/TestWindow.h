@@ -19,6 +19,7 @@ class TestWindow {
 public:
     TestWindow(const QString& displayName, const WindowLook& look);
 
+    xcb_window_t window() const { return m_window; }
     bool isVisible() const;
     // What the user sees as the window: frame and border included, not cut at the screen. Device pixels.
     QRect outline() const;
@@ -28,7 +29,6 @@ public:
 private:
     void setProperties(const WindowLook& look);
     void setNumbers(const char* name, xcb_atom_t type, const std::vector<quint32>& numbers);
-    xcb_window_t topmost() const;
 
     XClient m_client;
     xcb_window_t m_window;

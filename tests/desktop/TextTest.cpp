@@ -13,7 +13,7 @@ protected:
     void type(std::initializer_list<Key> keys)
     {
         for (const Key key : keys)
-            m_desktop.input().chord({key});
+            input().chord({key});
     }
     // Writes at kPlace and ends the edit.
     void write(std::initializer_list<Key> keys)
@@ -31,12 +31,12 @@ protected:
     void doubleClick(QPoint place)
     {
         clickApart(place);
-        m_desktop.input().click(Button::Left);
+        input().click(Button::Left);
     }
     // Whether the copy key gives other programs what is selected.
     bool copies(const char* selected)
     {
-        m_desktop.input().chord({Key::Control, Key::C});
+        input().chord({Key::Control, Key::C});
         return waitUntil([&] { return clipboard("UTF8_STRING") == selected; });
     }
     bool isOverlayUp() const { return m_program.overlay() != XCB_NONE; }
@@ -116,19 +116,18 @@ TEST_P(Text, KeysOfTheOverlayRestWhileATextIsEdited)
     type({Key::C, Key::Digit2, Key::S, Key::Up, Key::Left, Key::Right, Key::Tab, Key::A});
     const QRect typed = whereRed(screen());
     EXPECT_FALSE(typed.isEmpty());
-    Input& input = m_desktop.input();
-    input.chord({Key::Control, Key::S});
-    input.chord({Key::Control, Key::A});
+    input().chord({Key::Control, Key::S});
+    input().chord({Key::Control, Key::A});
     EXPECT_TRUE(copies("c2sa"));
     EXPECT_TRUE(isOverlayUp());
-    input.chord({Key::BackSpace});
+    input().chord({Key::BackSpace});
     EXPECT_TRUE(waitUntil([this] { return whereRed(screen()).width() <= 2 * scale(); })); // the caret
-    input.chord({Key::Control, Key::Z});
+    input().chord({Key::Control, Key::Z});
     type({Key::Right});
     EXPECT_GE(whereRed(screen()).width(), typed.width() - 2 * scale());
-    input.press(Key::Escape); // held: it ends the edit, and nothing else
+    input().press(Key::Escape); // held: it ends the edit, and nothing else
     QThread::msleep(1500);
-    input.release(Key::Escape);
+    input().release(Key::Escape);
     EXPECT_TRUE(isOverlayUp());
     EXPECT_NE(screen(), m_empty);
     EXPECT_TRUE(m_program.savedPictures().isEmpty());
@@ -151,7 +150,7 @@ TEST_P(Text, BoxIsDraggedAndItsTextEditedAgainAndEmptied)
     EXPECT_NEAR(longer.left(), first.left() + by.x(), 2 * scale());
     EXPECT_GT(longer.width(), first.width() * 3 / 2);
     doubleClick(kPlace + by);
-    m_desktop.input().chord({Key::Control, Key::A});
+    input().chord({Key::Control, Key::A});
     type({Key::BackSpace});
     clickApart(kNowhere);
     EXPECT_TRUE(samePixels(screen(), m_empty));

@@ -17,16 +17,16 @@ protected:
     bool waitForTool(QRect display) const
     {
         return waitUntil([&] {
-            const auto tools = m_desktop.server().windowsTitled("Lumora Tool");
-            return tools.size() == 1 && m_desktop.server().geometry(tools[0]) == display &&
-                   m_desktop.server().isKeyboardTaken() && m_desktop.server().isPointerTaken();
+            const auto tools = server().windowsTitled("Lumora Tool");
+            return tools.size() == 1 && server().geometry(tools[0]) == display &&
+                   server().isKeyboardTaken() && server().isPointerTaken();
         });
     }
     bool waitForNoTool() const
     {
         return waitUntil([&] {
-            return m_desktop.server().windowsTitled("Lumora Tool").empty() &&
-                   !m_desktop.server().isKeyboardTaken() && !m_desktop.server().isPointerTaken();
+            return server().windowsTitled("Lumora Tool").empty() && !server().isKeyboardTaken() &&
+                   !server().isPointerTaken();
         });
     }
 

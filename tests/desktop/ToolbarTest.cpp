@@ -10,7 +10,7 @@ protected:
     // Cancels the capture and begins another one.
     testing::AssertionResult beginAnew()
     {
-        m_desktop.input().chord({Key::Escape});
+        input().chord({Key::Escape});
         return waitForRest() ? openOverlay() : testing::AssertionFailure() << "the capture goes on";
     }
     // The region from now on.
@@ -95,7 +95,7 @@ TEST_P(Toolbar, TextIsTypedInTheChosenSizeAndColour)
         const QPoint place(300, row == 6 ? 150 : 300);
         clickAt(place);
         for (const Key key : {Key::A, Key::S, Key::D})
-            m_desktop.input().chord({key});
+            input().chord({key});
         clickAt(place + QPoint(0, -60)); // the edit ends
         const QImage shown = whole();
         int top = shown.height(), bottom = 0;
@@ -118,29 +118,28 @@ TEST_P(Toolbar, EveryEndOfTheCaptureHasItsItemOrKey)
         std::function<void(const Toolbars&)> end;
         bool leavesAFile, leavesACopy;
     };
-    Input& input = m_desktop.input();
     const Case cases[] = {
         {"cancel", [this](const Toolbars& bars) { clickAt(bars.cancel()); }, false, false},
         {"copy", [this](const Toolbars& bars) { clickAt(bars.copy()); }, false, true},
         {"save", [this](const Toolbars& bars) { clickAt(bars.save()); }, true, false},
-        {"Return", [&input](const Toolbars&) { input.chord({Key::Return}); }, true, false},
+        {"Return", [this](const Toolbars&) { input().chord({Key::Return}); }, true, false},
         {"Escape with a ribbon",
             [this](const Toolbars& bars) {
                 clickAt(bars.tool(kArrow));
-                m_desktop.input().chord({Key::Escape});
+                input().chord({Key::Escape});
             },
             false, false},
         {"the right button on a toolbar",
-            [&input](const Toolbars& bars) {
-                input.moveTo(bars.tool(kArrow));
-                input.click(Button::Right);
+            [this](const Toolbars& bars) {
+                input().moveTo(bars.tool(kArrow));
+                input().click(Button::Right);
             },
             false, false},
         {"the right button on a ribbon",
             [this](const Toolbars& bars) {
                 clickAt(bars.tool(kArrow));
-                m_desktop.input().moveTo(bars.color(kArrow, 5));
-                m_desktop.input().click(Button::Right);
+                input().moveTo(bars.color(kArrow, 5));
+                input().click(Button::Right);
             },
             false, false},
     };
@@ -161,7 +160,7 @@ TEST_P(Toolbar, EveryEndOfTheCaptureHasItsItemOrKey)
 
 TEST_P(Toolbar, NothingOnAToolbarReachesTheRegionBelow)
 {
-    m_desktop.input().chord({Key::Control, Key::A});
+    input().chord({Key::Control, Key::A});
     m_region = m_before.rect();
     ASSERT_TRUE(areToolbarsShown());
     const QImage fixed = whole();
@@ -171,11 +170,11 @@ TEST_P(Toolbar, NothingOnAToolbarReachesTheRegionBelow)
     EXPECT_TRUE(samePixels(whole(), fixed));
     drag(bars.tool(kArrow), {300, 200}); // released off the item
     EXPECT_TRUE(samePixels(whole().copy(200, 100, 300, 300), fixed.copy(200, 100, 300, 300)));
-    m_desktop.input().chord({Key::Digit1});
+    input().chord({Key::Digit1});
     drag({200, 200},
         bars.tool(kPencil)); // a drag of the region goes on over a toolbar, whose item does nothing
-    m_desktop.input().chord({Key::Digit1});
-    m_desktop.input().moveTo({300, 150});
+    input().chord({Key::Digit1});
+    input().moveTo({300, 150});
     const QImage drawn = whole();
     const QRgb middle = drawn.pixel(200, (200 + bars.tool(kPencil).y()) / 2);
     EXPECT_EQ(middle, qRgb(255, 0, 0));
@@ -187,7 +186,7 @@ TEST_P(Toolbar, ASecondClickDisarmsTheTool)
     const QImage fixed = whole();
     for (int i = 0; i < 100; ++i)
         clickAt(toolbars().tool(kArrow));
-    m_desktop.input().moveTo({300, 300});
+    input().moveTo({300, 300});
     EXPECT_TRUE(samePixels(whole(), fixed));
     drag({500, 300}, {520, 310}); // moves the region again
     m_region.translate(20, 10);
@@ -218,7 +217,7 @@ TEST_P(Toolbar, DisplayThatGoesTakesAnOpenRibbonAlong)
 {
     clickAt(toolbars().tool(kText));
     clickAt(toolbars().fontSize(kText));
-    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("OTHER"), {0, 0, 800, 600}));
+    ASSERT_TRUE(m_desktop.setDisplay("OTHER", {0, 0, 800, 600}));
     EXPECT_TRUE(m_program.waitForNoOverlay());
     EXPECT_TRUE(waitForRest());
     EXPECT_TRUE(m_program.answers());
@@ -226,18 +225,17 @@ TEST_P(Toolbar, DisplayThatGoesTakesAnOpenRibbonAlong)
 
 TEST_P(Toolbar, ADisplaySmallerThanTheToolbarsIsCapturedAllTheSame)
 {
-    m_desktop.input().chord({Key::Escape});
-    ASSERT_TRUE(waitForRest());
+    ASSERT_TRUE(cancelCapture());
     constexpr QRect display(0, 0, 300, 120);
-    m_desktop.input().moveTo(display.center());
-    ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("SMALL"), display));
+    input().moveTo(display.center());
+    ASSERT_TRUE(m_desktop.setDisplay("SMALL", display));
     m_before = whole();
-    m_desktop.input().chord({Key::Super, Key::Digit1});
-    ASSERT_TRUE(waitUntil([this] { return m_desktop.server().isKeyboardTaken(); }));
+    input().chord({Key::Super, Key::Digit1});
+    ASSERT_TRUE(waitUntil([this] { return server().isKeyboardTaken(); }));
     const QPoint from(40, 30), to(220, 90);
     choose(from, to);
     for (const Key key : {Key::Digit2, Key::Digit1}) // ribbons that do not fit either
-        m_desktop.input().chord({key});
+        input().chord({key});
     const QImage expected = m_before.copy(spannedBy(from, to));
     EXPECT_TRUE(samePixels(pictureAfter({Key::Return}), expected));
 }

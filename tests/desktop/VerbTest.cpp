@@ -1,7 +1,6 @@
 #include "tests/desktop/KeyRecorder.h"
 #include "tests/desktop/ProgramTest.h"
 
-#include <QFile>
 #include <QImageReader>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -11,11 +10,6 @@ namespace {
 constexpr QRect kFirst{640, 100, 800, 600}; // device pixels of the root
 constexpr QRect kSecond{0, 20, 640, 480};
 constexpr int kPauseMs = 320; // in which another capture is refused
-
-QStringList words(const char* text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '));
-}
 
 // Two displays of unlike scale, the second one left of and above the first, and the program on them.
 class Verbs : public EachDesktopTest {
@@ -27,15 +21,9 @@ protected:
     void SetUp() override
     {
         EachDesktopTest::SetUp();
-        m_program.setEnvironment(
-            QStringLiteral("QT_SCREEN_SCALE_FACTORS"), QStringLiteral("FIRST=2;SECOND=1.25"));
-        m_program.setEnvironment(QStringLiteral("LUMORA_NOTICES"), QStringLiteral("off"));
-        m_program.setEnvironment(QStringLiteral("PROGRAM"), QStringLiteral(LUMORA_PROGRAM));
-        m_program.setEnvironment(QStringLiteral("FOLDER"), m_desktop.home());
-        ASSERT_TRUE(m_desktop.setPrimaryDisplay(QStringLiteral("FIRST"), kFirst));
-        ASSERT_TRUE(m_desktop.setDisplay(QStringLiteral("SECOND"), kSecond));
-        m_desktop.input().moveTo(kFirst.center());
-        ASSERT_TRUE(m_program.startResident());
+        m_program.setEnvironment("PROGRAM", QStringLiteral(LUMORA_PROGRAM));
+        m_program.setEnvironment("FOLDER", m_desktop.home());
+        ASSERT_TRUE(startOnDisplays(kFirst, kSecond, "FIRST=2;SECOND=1.25"));
         m_before = m_desktop.settledScreen();
     }
 
@@ -43,7 +31,7 @@ protected:
     Answer run(const char* arguments) const
     {
         QThread::msleep(kPauseMs);
-        return m_program.run(words(arguments));
+        return m_program.run(arguments);
     }
     // A line of the shell in the desktop's home.
     Answer shell(const char* line) const
@@ -54,25 +42,10 @@ protected:
         return Program::finish(*process);
     }
     QString file(const char* name) const { return m_desktop.home() + QLatin1Char('/') + QLatin1String(name); }
-    QByteArray bytes(const QString& path) const
-    {
-        QFile opened(path);
-        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
-    }
-    // The window with its frame, as far as it is on the display.
-    QRect outline(xcb_window_t window, QRect display) const
-    {
-        const XClient& server = m_desktop.server();
-        while (server.parent(window) != server.root())
-            window = server.parent(window);
-        return server.outline(window) & display;
-    }
     xcb_window_t countdown() const
     {
-        for (const xcb_window_t window : m_desktop.server().visibleWindows())
-            if (m_desktop.server().title(window) == QLatin1String("Lumora Countdown"))
-                return window;
-        return XCB_NONE;
+        const auto windows = server().windowsTitled("Lumora Countdown");
+        return windows.empty() ? xcb_window_t(XCB_NONE) : windows.front();
     }
 };
 
@@ -83,6 +56,7 @@ LUMORA_ON_EACH_DESKTOP(Verbs);
 TEST_P(Verbs, CaptureExactlyWhatTheyName)
 {
     KeyRecorder front(m_desktop.displayName(), {560, 330, 200, 120}); // most of it on the first display
+    const QRect frontPixels = server().outline(server().topmost(front.window())) & kFirst;
     m_before = m_desktop.settledScreen();
     struct Case {
         const char* arguments;
@@ -98,8 +72,8 @@ TEST_P(Verbs, CaptureExactlyWhatTheyName)
         {"region --geometry 201x99+701+151", {701, 151, 201, 99}, "FIRST", 2},
         {"region --geometry 50x40-0-200", {1390, 660, 50, 40}, "FIRST", 2},
         {"region --geometry 33x21+7+20", {7, 20, 33, 21}, "SECOND", 1.25},
-        {"window", outline(front.window(), kFirst), "FIRST", 2},
-        {"window --delay 1", outline(front.window(), kFirst), "FIRST", 2},
+        {"window", frontPixels, "FIRST", 2},
+        {"window --delay 1", frontPixels, "FIRST", 2},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.arguments);
@@ -140,7 +114,7 @@ TEST_P(Verbs, WhatIsNotThereIsSaidAndLeavesNothing)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.arguments);
-        const Answer answer = m_program.run(words(c.arguments));
+        const Answer answer = m_program.run(c.arguments);
         EXPECT_EQ(answer.exitCode, c.exitCode);
         EXPECT_EQ(answer.out, QString());
         EXPECT_TRUE(answer.err.contains(QLatin1String(c.err))) << qPrintable(answer.err);
@@ -152,11 +126,11 @@ TEST_P(Verbs, TheLastRegionIsTakenAgainAlsoAfterARestart)
 {
     const QPoint from(kSecond.topLeft() + QPoint(41, 53));
     const QPoint to(kSecond.topLeft() + QPoint(341, 253));
-    m_desktop.input().moveTo(kSecond.center());
+    input().moveTo(kSecond.center());
     m_before = m_desktop.settledScreen();
     ASSERT_TRUE(openOverlay(kSecond));
-    ASSERT_TRUE(samePixels(savedRegion(from, to), m_before.copy(spannedBy(from, to))));
-    m_desktop.input().moveTo(kFirst.center());
+    ASSERT_TRUE(savesRegion(from, to));
+    input().moveTo(kFirst.center());
     for (const bool isAfterRestart : {false, true}) {
         SCOPED_TRACE(isAfterRestart ? "after a restart" : "at once");
         if (isAfterRestart) {
@@ -168,7 +142,7 @@ TEST_P(Verbs, TheLastRegionIsTakenAgainAlsoAfterARestart)
         EXPECT_EQ(answer.exitCode, 0) << qPrintable(answer.err);
         EXPECT_TRUE(samePixels(QImage(answer.path()), m_before.copy(spannedBy(from, to))));
     }
-    ASSERT_TRUE(m_desktop.removeDisplay(QStringLiteral("SECOND")));
+    ASSERT_TRUE(m_desktop.removeDisplay("SECOND"));
     EXPECT_TRUE(waitUntil([this] { return run("region --last").exitCode == 7; }));
 }
 
@@ -182,7 +156,7 @@ TEST_P(Verbs, AnOutputIsTheCallersFileOfTheTypeItsNameSays)
         {"a.tiff", "tiff"}, {"a.gif", "gif"}, {"shot", "png"}, {"a.png", "png"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        m_program.setEnvironment(QStringLiteral("NAME"), QString::fromUtf8(c.name));
+        m_program.setEnvironment("NAME", QString::fromUtf8(c.name));
         const Answer answer = shell("\"$PROGRAM\" full --output \"$NAME\"");
         EXPECT_EQ(answer.exitCode, 0) << qPrintable(answer.err);
         EXPECT_EQ(answer.path(), m_desktop.home() + QLatin1Char('/') + QString::fromUtf8(c.name));
@@ -226,18 +200,18 @@ TEST_P(Verbs, StdoutGetsThePictureOrTheCallerIsTold)
         EXPECT_EQ(m_program.savedPictures().size(), c.pictures);
     }
     EXPECT_TRUE(samePixels(QImage(file("raw.png")), m_before.copy(kFirst)));
-    EXPECT_EQ(bytes(file("raw.png")), bytes(m_program.savedPictures().value(0)));
-    EXPECT_EQ(bytes(file("piped.png")), bytes(file("raw.png")));
-    EXPECT_EQ(bytes(file("none.png")), QByteArray());
+    EXPECT_EQ(readFile(file("raw.png")), readFile(m_program.savedPictures().value(0)));
+    EXPECT_EQ(readFile(file("piped.png")), readFile(file("raw.png")));
+    EXPECT_EQ(readFile(file("none.png")), QByteArray());
 }
 
 TEST_P(Verbs, ACountdownShowsAndEndsBeforeTheFreeze)
 {
-    const auto full = m_program.start(words("full --delay 1"));
+    const auto full = m_program.start("full --delay 1");
     ASSERT_TRUE(waitUntil([this] { return countdown() != XCB_NONE; }));
-    EXPECT_TRUE(kFirst.contains(m_desktop.server().geometry(countdown())));
+    EXPECT_TRUE(kFirst.contains(server().geometry(countdown())));
     for (const char* other : {"full", "region --last", "full --delay 3", "measure"})
-        EXPECT_EQ(m_program.run(words(other)).exitCode, 5) << other;
+        EXPECT_EQ(m_program.run(other).exitCode, 5) << other;
     const Answer answer = Program::finish(*full);
     EXPECT_EQ(answer.exitCode, 0) << qPrintable(answer.err);
     EXPECT_TRUE(samePixels(QImage(answer.path()), m_before.copy(kFirst)));
@@ -251,13 +225,12 @@ TEST_P(Verbs, ACountdownIsCalledOff)
     };
     const Case cases[] = {
         {"the end of its caller", nullptr},
-        {"cancel", [this] { EXPECT_EQ(m_program.run({QStringLiteral("cancel")}).exitCode, 0); }},
-        {"Escape", [this] { m_desktop.input().chord({Key::Escape}); }},
+        {"cancel", [this] { EXPECT_EQ(m_program.run("cancel").exitCode, 0); }},
+        {"Escape", [this] { input().chord({Key::Escape}); }},
         {"a click",
             [this] {
-                m_desktop.input().moveTo(m_desktop.server().geometry(countdown()).center());
-                m_desktop.input().click(Button::Left);
-                m_desktop.input().moveTo(kFirst.center());
+                input().clickAt(server().geometry(countdown()).center());
+                input().moveTo(kFirst.center());
             }},
         {"another capture",
             [this] {
@@ -266,7 +239,7 @@ TEST_P(Verbs, ACountdownIsCalledOff)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        const auto full = m_program.start(words("full --delay 60"));
+        const auto full = m_program.start("full --delay 60");
         ASSERT_TRUE(waitUntil([this] { return countdown() != XCB_NONE; }));
         if (c.act)
             c.act();

@@ -2,6 +2,7 @@
 
 #include <QDeadlineTimer>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -125,6 +126,21 @@ xcb_window_t XClient::parent(xcb_window_t window) const
     const auto reply =
         owned(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, window), nullptr));
     return reply ? reply->parent : xcb_window_t(XCB_NONE);
+}
+
+xcb_window_t XClient::topmost(xcb_window_t window) const
+{
+    for (xcb_window_t above = window; above != root() && above != XCB_NONE; above = parent(above))
+        window = above;
+    return window;
+}
+
+xcb_window_t XClient::windowAt(QRect outline) const
+{
+    const std::vector<xcb_window_t> windows = visibleWindows();
+    const auto found = std::find_if(windows.begin(), windows.end(),
+        [&](xcb_window_t window) { return this->outline(window) == outline; });
+    return found == windows.end() ? xcb_window_t(XCB_NONE) : *found;
 }
 
 xcb_window_t XClient::focusedWindow() const

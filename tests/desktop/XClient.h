@@ -41,6 +41,10 @@ public:
     QRect outline(xcb_window_t window) const;
     // XCB_NONE for the root and for a window that is gone.
     xcb_window_t parent(xcb_window_t window) const;
+    // The window or the frame around it: the child of the root.
+    xcb_window_t topmost(xcb_window_t window) const;
+    // The visible child of the root with that outline; XCB_NONE when there is none.
+    xcb_window_t windowAt(QRect outline) const;
     xcb_atom_t atom(const char* name) const;
     xcb_window_t focusedWindow() const;
     // Whether some client holds the whole keyboard now.
