@@ -8,8 +8,8 @@ void AnnotatingTest::SetUp()
     m_program.setEnvironment("QT_SCALE_FACTOR", QString::number(scale()));
     ASSERT_TRUE(m_program.startResident());
     ASSERT_TRUE(openOverlay());
-    drag(kRegion.topLeft(), kRegion.bottomRight() + QPoint(1, 1));
-    m_empty = screen();
+    input().drag(kRegion);
+    ASSERT_TRUE(waitUntil([this] { return screen() == m_before; }));
 }
 
 void AnnotatingTest::arm(int tool)
@@ -28,7 +28,7 @@ void AnnotatingTest::style(int width, int color)
 QImage AnnotatingTest::screen() const
 {
     QImage whole = m_before;
-    QPainter(&whole).drawImage(inside().topLeft(), m_desktop.settledScreen().copy(inside()));
+    put(whole, m_desktop.settledScreen(), inside());
     return whole;
 }
 
@@ -40,4 +40,19 @@ QImage AnnotatingTest::saved()
         return {};
     QPainter(&whole).drawImage(kRegion.topLeft(), picture);
     return whole;
+}
+
+QRect AnnotatingTest::whereRed(const QImage& image, QRect area)
+{
+    QRect rect;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            if (image.pixel(x, y) == qRgb(255, 0, 0))
+                rect |= QRect(x, y, 1, 1);
+    return rect;
+}
+
+void AnnotatingTest::put(QImage& picture, const QImage& from, QRect area)
+{
+    QPainter(&picture).drawImage(area.topLeft(), from.copy(area));
 }

@@ -34,11 +34,13 @@ protected:
     // The screen as it was, with the inside of the region as it is.
     QImage screen() const;
     // What the annotations cover on the screen.
-    QRect ink() const { return changed(screen(), m_empty); }
+    QRect ink() const { return changed(screen(), m_before); }
     // The saved picture, put back where it was on the screen; null when none was saved.
     QImage saved();
 
-    QImage m_empty; // screen() with the region and no annotation
+    // The smallest rectangle around an area's pixels of the ribbon's red.
+    static QRect whereRed(const QImage& image, QRect area);
+    static void put(QImage& picture, const QImage& from, QRect area);
 
 private:
     int m_tool = kNone;

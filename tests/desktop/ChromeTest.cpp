@@ -76,8 +76,7 @@ TEST_F(Chrome, ArrowKeysMoveAndStretchAFixedRegionByDevicePixels)
     ASSERT_TRUE(startResidentAt("1.25"));
     ASSERT_TRUE(openOverlayOnFreeGround());
     input().drag({701, 603}, {751, 653});
-    for (const Key key : {Key::Right, Key::Right, Key::Down, Key::Left, Key::Up, Key::Up, Key::Up})
-        input().chord({key});
+    input().type({Key::Right, Key::Right, Key::Down, Key::Left, Key::Up, Key::Up, Key::Up});
     for (const Key key : {Key::Right, Key::Right, Key::Right, Key::Down, Key::Up, Key::Up})
         input().chord({Key::Shift, key});
     EXPECT_TRUE(saves({702, 601, 53, 49}));

@@ -1,8 +1,6 @@
 #include "tests/desktop/ClipboardManager.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
 
 ClipboardManager::ClipboardManager(const QString& displayName)
     : m_client(displayName)
@@ -21,8 +19,7 @@ ClipboardManager::ClipboardManager(const QString& displayName)
 
 void ClipboardManager::work()
 {
-    while (xcb_generic_event_t* raw = xcb_poll_for_event(m_client.connection())) {
-        const std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event(raw, &std::free);
+    while (const auto event = m_client.nextEvent()) {
         const auto& request = reinterpret_cast<const xcb_selection_request_event_t&>(*event);
         const int type = event->response_type & 0x7f;
         if (type == XCB_SELECTION_REQUEST && request.target == m_saveTargets)
@@ -30,12 +27,6 @@ void ClipboardManager::work()
         else if (type == XCB_SELECTION_NOTIFY)
             take(reinterpret_cast<const xcb_selection_notify_event_t&>(*event));
     }
-}
-
-QByteArray ClipboardManager::kept(const QByteArray& type) const
-{
-    const auto found = m_kept.find(type);
-    return found == m_kept.end() ? QByteArray() : found->second;
 }
 
 void ClipboardManager::startKeeping(const xcb_selection_request_event_t& request)
@@ -98,22 +89,14 @@ void ClipboardManager::answerRequest()
 
 QByteArray ClipboardManager::takeProperty()
 {
-    const auto cookie =
-        xcb_get_property(m_client.connection(), true, m_window, m_property, XCB_ATOM_ANY, 0, 1 << 24);
-    const std::unique_ptr<xcb_get_property_reply_t, decltype(&std::free)> reply(
-        xcb_get_property_reply(m_client.connection(), cookie, nullptr), &std::free);
-    if (!reply)
-        return {};
-    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
-        xcb_get_property_value_length(reply.get())};
+    return m_client.property(m_window, m_property, true);
 }
 
 QByteArray ClipboardManager::nameOf(xcb_atom_t atom) const
 {
-    const std::unique_ptr<xcb_get_atom_name_reply_t, decltype(&std::free)> reply(
-        xcb_get_atom_name_reply(
-            m_client.connection(), xcb_get_atom_name(m_client.connection(), atom), nullptr),
-        &std::free);
+    const auto cookie = xcb_get_atom_name(m_client.connection(), atom);
+    const XClient::Owned<xcb_get_atom_name_reply_t> reply(
+        xcb_get_atom_name_reply(m_client.connection(), cookie, nullptr));
     return reply ? QByteArray(xcb_get_atom_name_name(reply.get()), xcb_get_atom_name_name_length(reply.get()))
                  : QByteArray();
 }

@@ -3,8 +3,7 @@
 #include "tests/desktop/XClient.h"
 
 #include <QByteArrayList>
-
-#include <map>
+#include <QMap>
 
 // A program that keeps what another one has on the clipboard when that one ends. It works only while work()
 // is called.
@@ -19,7 +18,7 @@ public:
     bool hasKept() const { return m_isComplete; }
     // The types in the order in which they were offered, and what was fetched of them.
     QByteArrayList types() const { return m_types; }
-    QByteArray kept(const QByteArray& type) const;
+    QByteArray kept(const QByteArray& type) const { return m_kept.value(type); }
 
 private:
     void startKeeping(const xcb_selection_request_event_t& request);
@@ -37,6 +36,6 @@ private:
     xcb_selection_request_event_t m_request{};
     std::vector<xcb_atom_t> m_waiting; // the last one is fetched next
     QByteArrayList m_types;
-    std::map<QByteArray, QByteArray> m_kept;
+    QMap<QByteArray, QByteArray> m_kept;
     bool m_isComplete = false;
 };

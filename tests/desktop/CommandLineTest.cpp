@@ -65,6 +65,22 @@ TEST_F(CommandLine, SecondCaptureIsBusyAndSecondStartSaysThatItRuns)
     EXPECT_EQ(Program::finish(*region).exitCode, 4);
 }
 
+TEST_F(CommandLine, RefusedHotKeyIsLoggedAndAnswered)
+{
+    takeHotKey(Key::Digit1);
+    ASSERT_TRUE(m_program.startResident());
+    const auto namesTheKey = [](const QString& line) {
+        return line.contains(QLatin1String("cmd 1")) && line.contains(QLatin1String("taken"));
+    };
+    const QStringList log = m_program.logLines();
+    EXPECT_EQ(std::count_if(log.begin(), log.end(), namesTheKey), 1);
+    const Answer second = m_program.run("");
+    EXPECT_EQ(second.exitCode, 0);
+    EXPECT_TRUE(namesTheKey(second.err)) << qPrintable(second.err);
+    EXPECT_FALSE(second.err.contains(QLatin1String("cmd 2"))) << qPrintable(second.err);
+    EXPECT_FALSE(pictureAfter({Key::Super, Key::Digit2}).isNull());
+}
+
 TEST_F(CommandLine, EndInMidCaptureEndsBoth)
 {
     for (const bool isSignal : {false, true}) {

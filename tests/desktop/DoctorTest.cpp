@@ -64,35 +64,29 @@ TEST_F(Doctor, FindsNothingWrongAndChangesNothingWithAndWithoutTheProgram)
 TEST_F(Doctor, NamesWhatIsWrong)
 {
     const SilentService silent;
+    const auto set = [this](const QString& key, const QString& value) {
+        m_program.writeSettings({{key, value}});
+    };
+    const QString endpoint = QStringLiteral("uploadEndpoint"),
+                  data = m_desktop.home() + QStringLiteral("/data");
     struct Case {
         const char* subject;
         std::function<void()> harm;
     };
     const Case cases[] = {
         {"settings", [&] { writeFile(m_program.settingsFile(), "not a property list"); }},
-        {"save folder",
-            [&] {
-                m_program.writeSettings(
-                    {{QStringLiteral("screenshotSavePath"), m_desktop.home() + QStringLiteral("/gone")}});
-            }},
+        {"save folder", [&] { set(QStringLiteral("screenshotSavePath"), data + QStringLiteral("/gone")); }},
         {"languages",
             [&] {
-                writeFile(m_desktop.home() + QStringLiteral("/data/com.Lumora.Screenshot/languages/Mine.xml"),
-                    "<Language");
+                writeFile(data + QStringLiteral("/com.Lumora.Screenshot/languages/Mine.xml"), "<Language");
             }},
-        {"upload",
-            [&] {
-                m_program.writeSettings({{QStringLiteral("uploadEndpoint"), silent.address()}});
-            }},
-        {"upload",
-            [&] {
-                m_program.writeSettings({{QStringLiteral("uploadEndpoint"), QStringLiteral("ftp://a")}});
-            }},
+        {"upload", [&] { set(endpoint, silent.address()); }},
+        {"upload", [&] { set(endpoint, QStringLiteral("ftp://a")); }},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.subject);
         QFile::remove(m_program.settingsFile());
-        QDir(m_desktop.home() + QStringLiteral("/data")).removeRecursively();
+        QDir(data).removeRecursively();
         c.harm();
         EXPECT_EQ(wrongOnes(findings(1)), QStringList{QLatin1String(c.subject)});
     }

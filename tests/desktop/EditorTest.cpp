@@ -54,7 +54,7 @@ TEST_P(Editor, FileIsTheFrameBesideTheAnnotationsAndTheOverlayInside)
     EXPECT_NE(selected, overlay);
     for (const Drawing& drawing : kDrawings) {
         SCOPED_TRACE(drawing.tool);
-        const QRect drawn = changed(overlay.copy(drawing.cell), m_empty.copy(drawing.cell));
+        const QRect drawn = changed(overlay.copy(drawing.cell), m_before.copy(drawing.cell));
         EXPECT_GE(drawn.width(), std::abs(drawing.to.x() - drawing.from.x()));
         EXPECT_GE(drawn.height(), std::abs(drawing.to.y() - drawing.from.y()));
     }
@@ -63,9 +63,7 @@ TEST_P(Editor, FileIsTheFrameBesideTheAnnotationsAndTheOverlayInside)
     ASSERT_FALSE(file.isNull());
     EXPECT_TRUE(samePixels(file.copy(inside()), overlay.copy(inside())));
     for (const Drawing& drawing : kDrawings)
-        for (int y = drawing.cell.top(); y <= drawing.cell.bottom(); ++y)
-            for (int x = drawing.cell.left(); x <= drawing.cell.right(); ++x)
-                file.setPixel(x, y, m_before.pixel(x, y));
+        put(file, m_before, drawing.cell);
     EXPECT_TRUE(samePixels(file, m_before));
 }
 
@@ -99,7 +97,7 @@ TEST_P(Editor, HandlesResizeAndUndoTakesItBack)
             EXPECT_EQ(ink(), original);
         }
         undo();
-        EXPECT_TRUE(samePixels(screen(), m_empty));
+        EXPECT_TRUE(samePixels(screen(), m_before));
     }
 }
 
@@ -112,11 +110,11 @@ TEST_P(Editor, ShapesMoveAreRestyledUndoneAndRedone)
         drag(drawing.grip, drawing.grip + QPoint(11, 70));
         deselect();
         const QImage moved = screen();
-        EXPECT_TRUE(isNear(changed(moved, m_empty), changed(first, m_empty).translated(11, 70)));
+        EXPECT_TRUE(isNear(changed(moved, m_before), changed(first, m_before).translated(11, 70)));
         clickAt(drawing.grip + QPoint(11, 70));
         style(kThick, kGreen);
         deselect();
-        EXPECT_TRUE(changed(screen(), m_empty).contains(changed(moved, m_empty)));
+        EXPECT_TRUE(changed(screen(), m_before).contains(changed(moved, m_before)));
         EXPECT_NE(screen(), moved);
         clickAt(drawing.grip + QPoint(11, 70));
         style(kThin, kRed);
@@ -129,7 +127,7 @@ TEST_P(Editor, ShapesMoveAreRestyledUndoneAndRedone)
         EXPECT_TRUE(samePixels(screen(), moved));
         undo();
         undo();
-        EXPECT_TRUE(samePixels(screen(), m_empty));
+        EXPECT_TRUE(samePixels(screen(), m_before));
         redo();
         EXPECT_TRUE(samePixels(screen(), first));
         undo();
@@ -162,7 +160,7 @@ TEST_P(Editor, EraserAndDeleteKeyTakeAndUndoBrings)
     clickAt(kDrawings[2].grip);
     const QImage erased = screen();
     EXPECT_TRUE(kDrawings[2].cell.contains(changed(all, erased)));
-    EXPECT_TRUE(samePixels(erased.copy(kDrawings[2].cell), m_empty.copy(kDrawings[2].cell)));
+    EXPECT_TRUE(samePixels(erased.copy(kDrawings[2].cell), m_before.copy(kDrawings[2].cell)));
     undo();
     EXPECT_TRUE(samePixels(screen(), all));
     redo();
@@ -170,12 +168,12 @@ TEST_P(Editor, EraserAndDeleteKeyTakeAndUndoBrings)
     arm(kLine);
     clickAt(kDrawings[5].grip);
     input().chord({Key::BackSpace});
-    EXPECT_TRUE(samePixels(screen().copy(kDrawings[5].cell), m_empty.copy(kDrawings[5].cell)));
+    EXPECT_TRUE(samePixels(screen().copy(kDrawings[5].cell), m_before.copy(kDrawings[5].cell)));
     undo();
     EXPECT_TRUE(samePixels(screen(), erased));
     for (int step = 0; step < 10; ++step)
         undo();
-    EXPECT_TRUE(samePixels(screen(), m_empty));
+    EXPECT_TRUE(samePixels(screen(), m_before));
 }
 
 TEST_P(Editor, AnnotationsFollowAMovedRegionAndStayInAResizedOne)
@@ -206,7 +204,7 @@ TEST_P(Editor, DrawingStaysInsideTheRegionAndTheRightButtonEndsIt)
     for (const QPoint point : {QPoint(1240, 30), QPoint(20, 760), QPoint(600, 400)})
         input().moveTo(point);
     const QImage drawing = screen();
-    EXPECT_TRUE(kRegion.contains(changed(drawing, m_empty)));
+    EXPECT_TRUE(kRegion.contains(changed(drawing, m_before)));
     input().press(Button::Right);
     input().release(Button::Right);
     EXPECT_TRUE(m_program.waitForNoOverlay());

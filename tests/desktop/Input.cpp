@@ -33,12 +33,18 @@ void Input::release(Key key)
     std::erase(m_keysDown, key);
 }
 
-void Input::chord(std::initializer_list<Key> keys)
+void Input::chord(const std::vector<Key>& keys)
 {
     for (const Key key : keys)
         press(key);
-    for (auto key = std::rbegin(keys); key != std::rend(keys); ++key)
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key)
         release(*key);
+}
+
+void Input::type(const std::vector<Key>& keys)
+{
+    for (const Key key : keys)
+        chord({key});
 }
 
 void Input::moveTo(QPoint point)

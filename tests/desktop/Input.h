@@ -2,7 +2,7 @@
 
 #include "tests/desktop/XClient.h"
 
-#include <initializer_list>
+#include <vector>
 
 // Positions on the keyboard, as the server numbers them: they mean the same on every layout.
 enum class Key : quint8 {
@@ -46,7 +46,10 @@ public:
     // Lifts whatever is still down.
     void releaseAll();
     // Down in the given order, up in the reverse one.
-    void chord(std::initializer_list<Key> keys);
+    void chord(const std::vector<Key>& keys);
+
+    // One after the other.
+    void type(const std::vector<Key>& keys);
 
     void moveTo(QPoint point);
     void press(Button button);

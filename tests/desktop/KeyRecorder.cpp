@@ -2,9 +2,6 @@
 
 #include "tests/desktop/Wait.h"
 
-#include <cstdlib>
-#include <memory>
-
 KeyRecorder::KeyRecorder(const QString& displayName, QRect geometry)
     : m_client(displayName)
     , m_window(displayName, {.inside = geometry, .isUndecorated = true}) // a frame shows who has the keyboard
@@ -31,11 +28,10 @@ std::vector<KeyRecorder::Event> KeyRecorder::take()
 {
     m_client.sync();
     std::vector<Event> events;
-    while (xcb_generic_event_t* raw = xcb_poll_for_event(m_client.connection())) {
-        const std::unique_ptr<xcb_generic_event_t, decltype(&std::free)> event(raw, &std::free);
+    while (const auto event = m_client.nextEvent()) {
         const quint8 type = event->response_type & 0x7f;
         if (type >= XCB_KEY_PRESS && type <= XCB_BUTTON_RELEASE)
-            events.push_back({type, reinterpret_cast<const xcb_key_press_event_t*>(raw)->detail});
+            events.push_back({type, reinterpret_cast<const xcb_key_press_event_t&>(*event).detail});
     }
     return events;
 }

@@ -199,10 +199,8 @@ TEST_F(Menu, ToolsStartFromIt)
     for (const std::vector<Key>& way : {std::vector{Key::Return}, std::vector{Key::Down, Key::Return}}) {
         SCOPED_TRACE(way.size());
         ASSERT_TRUE(openMenu());
-        for (const Key key : {Key::Down, Key::Down, Key::Down, Key::Down, Key::Right})
-            input().chord({key});
-        for (const Key key : way)
-            input().chord({key});
+        input().type({Key::Down, Key::Down, Key::Down, Key::Down, Key::Right});
+        input().type(way);
         EXPECT_TRUE(waitUntil([this] { return hasTool(); }));
         EXPECT_EQ(m_program.run("menu").exitCode, 5);
         input().chord({Key::Escape});
@@ -216,8 +214,7 @@ TEST_F(Menu, AboutFollowsTheLanguageThatWasWrittenByHand)
     ASSERT_TRUE(m_program.startResident());
     input().moveTo({400, 300});
     ASSERT_TRUE(openMenu());
-    for (const Key key : {Key::Up, Key::Up, Key::Return}) // the last entry but one
-        input().chord({key});
+    input().type({Key::Up, Key::Up, Key::Return}); // the last entry but one
     ASSERT_TRUE(waitForFocus("About"));
     const xcb_window_t about = server().focusedWindow();
     for (const auto& [language, title] :

@@ -50,8 +50,7 @@ protected:
         input().moveTo({100, 100});
         m_program.run("menu");
         waitUntil([this] { return server().isKeyboardTaken(); });
-        for (const Key key : {Key::Up, Key::Up, Key::Up, Key::Return}) // the last entry but two
-            input().chord({key});
+        input().type({Key::Up, Key::Up, Key::Up, Key::Return}); // the last entry but two
         return waitForTitle("Preferences");
     }
     bool waitForTitle(const char* title)
@@ -76,7 +75,7 @@ protected:
         m_desktop.settledScreen(); // asking for the keyboard earlier might take it from the field
         EXPECT_TRUE(server().isKeyboardTaken());
     }
-    void record(QPoint field, std::initializer_list<Key> keys)
+    void record(QPoint field, const std::vector<Key>& keys)
     {
         startRecording(field);
         input().chord(keys);
@@ -132,13 +131,19 @@ constexpr const char* kFullKey = "hotkeyFullScreenShot";
 
 } // namespace
 
-TEST_F(PreferencesWindow, RecordHotKeysThatWorkAtOnceAndAfterARestart)
+TEST_F(PreferencesWindow, RecordHotKeysThatWorkAtOnceAndAfterARestartOrMarkThem)
 {
     record(kRegionField, {Key::Super, Key::Digit1}); // the one that is shown
     EXPECT_EQ(m_program.overlay(), XCB_NONE);
     EXPECT_TRUE(becomes(kRegionKey, "cmd 1"));
+    takeHotKey(Key::Digit9);
+    const int before = height();
+    record(kRegionField, {Key::Super, Key::Digit9});
+    EXPECT_TRUE(becomes(kRegionKey, "cmd 9"));
+    EXPECT_TRUE(grows(before)) << "the refused one is marked";
     record(kRegionField, {Key::Shift, Key::Super, Key::Digit9});
     EXPECT_TRUE(becomes(kRegionKey, "shift cmd 9"));
+    EXPECT_TRUE(shrinks(before));
     record(kFullField, {Key::Super, kDigit5});
     EXPECT_TRUE(becomes(kFullKey, "cmd 5"));
     EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit1}, 300));
@@ -167,7 +172,7 @@ TEST_F(PreferencesWindow, StartNothingWhileTheRecordedKeyIsHeld)
 TEST_F(PreferencesWindow, RecordNoKeyWithoutAPlaceOfItsOwn)
 {
     startRecording(kRegionField);
-    for (const std::initializer_list<Key>& keys : std::initializer_list<std::initializer_list<Key>>{
+    for (const std::vector<Key>& keys : std::vector<std::vector<Key>>{
              {kDigit5}, {Key::Escape}, {Key::Tab}, {Key::Super, Key::Left}, {Key::Super, kF2}})
         input().chord(keys);
     EXPECT_TRUE(server().isKeyboardTaken());
@@ -204,18 +209,6 @@ TEST_F(PreferencesWindow, LoseAShortcutWithTheFocus)
     input().clickAt({100, 120});
     EXPECT_TRUE(becomes(kRegionKey, ""));
     EXPECT_TRUE(waitUntil([this] { return !server().isKeyboardTaken(); }));
-}
-
-TEST_F(PreferencesWindow, MarkAHotKeyThatAnotherProgramHas)
-{
-    takeHotKey(Key::Digit9);
-    const int before = height();
-    record(kRegionField, {Key::Super, Key::Digit9});
-    EXPECT_TRUE(becomes(kRegionKey, "cmd 9"));
-    EXPECT_TRUE(grows(before));
-    record(kRegionField, {Key::Super, kDigit5});
-    EXPECT_TRUE(shrinks(before));
-    EXPECT_TRUE(opensOverlay({Key::Super, kDigit5}, 5000));
 }
 
 TEST_F(PreferencesWindow, ChooseTheFolderInADialog)
@@ -305,8 +298,7 @@ TEST_F(PreferencesWindow, ChangeFormatAndLanguageInTheirMenus)
 {
     click(kFormat);
     ASSERT_TRUE(waitUntil([this] { return server().isKeyboardTaken(); }));
-    for (const Key key : {Key::Down, Key::Down, Key::Return})
-        input().chord({key});
+    input().type({Key::Down, Key::Down, Key::Return});
     EXPECT_TRUE(becomes("screenshotType", ".jpg"));
     ASSERT_FALSE(pictureAfter({Key::Super, Key::Digit2}).isNull());
     EXPECT_TRUE(m_program.savedPictures().last().endsWith(QLatin1String(".jpg")));
@@ -327,6 +319,9 @@ TEST_F(PreferencesWindow, FollowTheFileThatIsWrittenByHand)
     EXPECT_TRUE(waitForTitle("Einstellungen"));
     EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit9}, 300)); // it is recorded
     EXPECT_TRUE(opensOverlay({Key::Super, Key::Digit9}, 5000));
+    m_program.writeSettings({{QStringLiteral("hotkeyRegionScreenShot"), QStringLiteral("CMD 5")}});
+    EXPECT_TRUE(waitUntil([this] { return opensOverlay({Key::Super, kDigit5}, 300); })); // it takes its time
+    EXPECT_FALSE(opensOverlay({Key::Super, Key::Digit9}, 300));
     input().chord({Key::Escape});
     EXPECT_TRUE(waitUntil([this] { return server().focusedWindow() != m_window; }));
     EXPECT_TRUE(m_program.answers());

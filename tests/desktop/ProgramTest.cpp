@@ -66,7 +66,7 @@ testing::AssertionResult ProgramTest::openOverlayOnFreeGround()
     return openOverlay();
 }
 
-bool ProgramTest::opensOverlay(std::initializer_list<Key> keys, int milliseconds)
+bool ProgramTest::opensOverlay(const std::vector<Key>& keys, int milliseconds)
 {
     input().chord(keys);
     const bool isOpen = waitUntil([this] { return m_program.overlay() != XCB_NONE; }, milliseconds);
@@ -104,7 +104,7 @@ testing::AssertionResult ProgramTest::savesRegion(QPoint from, QPoint to)
     return saves(spannedBy(from, to));
 }
 
-QImage ProgramTest::pictureAfter(std::initializer_list<Key> keys)
+QImage ProgramTest::pictureAfter(const std::vector<Key>& keys)
 {
     const qsizetype count = m_program.savedPictures().size();
     input().chord(keys);

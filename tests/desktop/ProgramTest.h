@@ -28,7 +28,7 @@ protected:
     // The same with the pointer where no window of the scene is, so that nothing is highlighted.
     testing::AssertionResult openOverlayOnFreeGround();
     // Whether the keys open the overlay in time; it is then cancelled.
-    bool opensOverlay(std::initializer_list<Key> keys, int milliseconds);
+    bool opensOverlay(const std::vector<Key>& keys, int milliseconds);
     // Begins a capture by its verb; null when no overlay comes.
     std::unique_ptr<QProcess> startRegion();
     std::unique_ptr<QProcess> startRegion(QRect display);
@@ -39,7 +39,7 @@ protected:
     // The same after a drag of the region.
     testing::AssertionResult savesRegion(QPoint from, QPoint to);
     // Presses the keys and gives the picture that a capture then leaves; null when there is none.
-    QImage pictureAfter(std::initializer_list<Key> keys);
+    QImage pictureAfter(const std::vector<Key>& keys);
     // Waits until the overlay is gone and the pause after a capture is over.
     testing::AssertionResult waitForRest() const;
     // Waits until a window of that title has the keyboard's focus.

@@ -53,12 +53,12 @@ protected:
 void Random::SetUp()
 {
     ProgramTest::SetUp();
+    ASSERT_TRUE(startOnDisplays(kDisplays[0], kDisplays[1], "FIRST=1;SECOND=1.5"));
     // Without frames, which would show who has the keyboard.
     m_windows[0] = std::make_unique<TestWindow>(
         m_desktop.displayName(), WindowLook{{100, 540, 300, 150}, 0, false, true});
     m_windows[1] = std::make_unique<TestWindow>(
         m_desktop.displayName(), WindowLook{{900, 300, 201, 207}, 3, false, true});
-    ASSERT_TRUE(startOnDisplays(kDisplays[0], kDisplays[1], "FIRST=1;SECOND=1.5"));
 }
 
 void Random::drag(QPoint from, QPoint to)

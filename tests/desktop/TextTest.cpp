@@ -10,18 +10,12 @@ constexpr int kDoubleClickMs = 400;   // at most, between two clicks
 // Texts with a real mouse and real keys.
 class Text : public AnnotatingTest {
 protected:
-    void type(std::initializer_list<Key> keys)
-    {
-        for (const Key key : keys)
-            input().chord({key});
-    }
-    // Writes at kPlace and ends the edit.
-    void write(std::initializer_list<Key> keys)
+    // Writes at kPlace; the edit goes on.
+    void write(const std::vector<Key>& keys)
     {
         arm(kText);
         clickAt(kPlace);
-        type(keys);
-        type({Key::Return});
+        input().type(keys);
     }
     void clickApart(QPoint place)
     {
@@ -40,15 +34,6 @@ protected:
         return waitUntil([&] { return clipboard("UTF8_STRING") == selected; });
     }
     bool isOverlayUp() const { return m_program.overlay() != XCB_NONE; }
-    QRect whereRed(const QImage& image) const
-    {
-        QRect rect;
-        for (int y = kRegion.top() + 12; y < kRegion.bottom() - 12; ++y)
-            for (int x = kRegion.left() + 12; x < kRegion.right() - 12; ++x)
-                if (image.pixel(x, y) == qRgb(255, 0, 0))
-                    rect |= QRect(x, y, 1, 1);
-        return rect;
-    }
 };
 
 }
@@ -57,15 +42,13 @@ LUMORA_ON_EACH_DESKTOP(Text);
 
 TEST_P(Text, FileHasTheTextOfTheOverlayWithoutRingAndCaret)
 {
-    arm(kText);
-    clickAt(kPlace);
-    type({Key::Shift, Key::S, Key::A, Key::D, Key::Digit1, Key::C, Key::Q});
+    write({Key::Shift, Key::S, Key::A, Key::D, Key::Digit1, Key::C, Key::Q});
     const QImage edited = screen();
-    type({Key::Return});
+    input().type({Key::Return});
     const QImage overlay = screen();
-    const QRect text = changed(overlay, m_empty);
+    const QRect text = changed(overlay, m_before);
     EXPECT_NE(overlay, edited);
-    EXPECT_TRUE(changed(edited, m_empty).contains(text));
+    EXPECT_TRUE(changed(edited, m_before).contains(text));
     EXPECT_GT(text.width(), 30 * scale());
     EXPECT_NEAR(text.left(), kPlace.x() + 2 * scale(), 3 * scale());
     EXPECT_NEAR(text.center().y(), kPlace.y(), 4 * scale());
@@ -77,28 +60,24 @@ TEST_P(Text, FileHasTheTextOfTheOverlayWithoutRingAndCaret)
 TEST_P(Text, ListOfAnInputMethodStaysAboveTheOverlay)
 {
     constexpr QRect list(700, 400, 60, 40);
-    arm(kText);
-    clickAt(kPlace);
-    type({Key::A});
+    write({Key::A});
     {
         const TestWindow window(m_desktop.displayName(), {list, 0, true});
         QThread::msleep(500);
-        EXPECT_FALSE(samePixels(screen().copy(list), m_empty.copy(list)));
+        EXPECT_FALSE(samePixels(screen().copy(list), m_before.copy(list)));
     }
-    type({Key::Return});
+    input().type({Key::Return});
     const TestWindow window(m_desktop.displayName(), {list, 0, true});
-    EXPECT_TRUE(waitUntil([&] { return m_desktop.screen().copy(list) == m_empty.copy(list); }));
+    EXPECT_TRUE(waitUntil([&] { return m_desktop.screen().copy(list) == m_before.copy(list); }));
 }
 
 TEST_P(Text, EditGoesOnBesideTheRibbonAndEndsWithTheOutput)
 {
-    arm(kText);
-    clickAt(kPlace);
-    type({Key::A});
+    write({Key::A});
     setColor(kGreen);
-    type({Key::S, Key::D});
+    input().type({Key::S, Key::D});
     const QImage edited = screen();
-    EXPECT_TRUE(whereRed(edited).isEmpty());
+    EXPECT_TRUE(whereRed(edited, inside()).isEmpty());
     clickAt(toolbars().save());
     ASSERT_TRUE(waitForRest());
     ASSERT_EQ(m_program.savedPictures().size(), 1);
@@ -106,38 +85,37 @@ TEST_P(Text, EditGoesOnBesideTheRibbonAndEndsWithTheOutput)
     ASSERT_EQ(picture.size(), kRegion.size());
     const QRect text = changed(picture, m_before.copy(kRegion)).translated(kRegion.topLeft());
     EXPECT_GT(text.width(), 15 * scale());
-    EXPECT_TRUE(changed(edited, m_empty).adjusted(7, 4, -7, -4).contains(text)); // inside the ring
+    EXPECT_TRUE(changed(edited, m_before).adjusted(7, 4, -7, -4).contains(text)); // inside the ring
 }
 
 TEST_P(Text, KeysOfTheOverlayRestWhileATextIsEdited)
 {
-    arm(kText);
-    clickAt(kPlace);
-    type({Key::C, Key::Digit2, Key::S, Key::Up, Key::Left, Key::Right, Key::Tab, Key::A});
-    const QRect typed = whereRed(screen());
+    write({Key::C, Key::Digit2, Key::S, Key::Up, Key::Left, Key::Right, Key::Tab, Key::A});
+    const QRect typed = whereRed(screen(), inside());
     EXPECT_FALSE(typed.isEmpty());
     input().chord({Key::Control, Key::S});
     input().chord({Key::Control, Key::A});
     EXPECT_TRUE(copies("c2sa"));
     EXPECT_TRUE(isOverlayUp());
     input().chord({Key::BackSpace});
-    EXPECT_TRUE(waitUntil([this] { return whereRed(screen()).width() <= 2 * scale(); })); // the caret
+    EXPECT_TRUE(
+        waitUntil([this] { return whereRed(screen(), inside()).width() <= 2 * scale(); })); // the caret
     input().chord({Key::Control, Key::Z});
-    type({Key::Right});
-    EXPECT_GE(whereRed(screen()).width(), typed.width() - 2 * scale());
+    input().type({Key::Right});
+    EXPECT_GE(whereRed(screen(), inside()).width(), typed.width() - 2 * scale());
     input().press(Key::Escape); // held: it ends the edit, and nothing else
     QThread::msleep(1500);
     input().release(Key::Escape);
     EXPECT_TRUE(isOverlayUp());
-    EXPECT_NE(screen(), m_empty);
+    EXPECT_NE(screen(), m_before);
     EXPECT_TRUE(m_program.savedPictures().isEmpty());
-    type({Key::Escape});
+    input().type({Key::Escape});
     EXPECT_TRUE(m_program.waitForNoOverlay());
 }
 
 TEST_P(Text, BoxIsDraggedAndItsTextEditedAgainAndEmptied)
 {
-    write({Key::S, Key::A, Key::D});
+    write({Key::S, Key::A, Key::D, Key::Return});
     const QRect first = ink();
     const QPoint by(120, 61);
     QThread::msleep(kDoubleClickMs + 100);
@@ -145,59 +123,57 @@ TEST_P(Text, BoxIsDraggedAndItsTextEditedAgainAndEmptied)
     clickAt(kNowhere);
     EXPECT_EQ(ink(), first.translated(by));
     doubleClick(kPlace + by); // selects the word, which gives way
-    type({Key::D, Key::A, Key::S, Key::D, Key::A, Key::S, Key::Return});
+    input().type({Key::D, Key::A, Key::S, Key::D, Key::A, Key::S, Key::Return});
     const QRect longer = ink();
     EXPECT_NEAR(longer.left(), first.left() + by.x(), 2 * scale());
     EXPECT_GT(longer.width(), first.width() * 3 / 2);
     doubleClick(kPlace + by);
     input().chord({Key::Control, Key::A});
-    type({Key::BackSpace});
+    input().type({Key::BackSpace});
     clickApart(kNowhere);
-    EXPECT_TRUE(samePixels(screen(), m_empty));
+    EXPECT_TRUE(samePixels(screen(), m_before));
     undo(); // there is nothing left to take back
-    EXPECT_TRUE(samePixels(screen(), m_empty));
+    EXPECT_TRUE(samePixels(screen(), m_before));
     clickApart(kNowhere); // the next press writes again
-    EXPECT_NE(screen(), m_empty);
+    EXPECT_NE(screen(), m_before);
 }
 
 TEST_P(Text, MouseSelectsInTheTextThatIsEdited)
 {
-    arm(kText);
-    clickAt(kPlace);
-    type({Key::A, Key::S, Key::D, Key::A, Key::S, Key::D});
+    write({Key::A, Key::S, Key::D, Key::A, Key::S, Key::D});
     const QRect box = ink();
     QThread::msleep(kDoubleClickMs + 100);
     drag(kPlace + QPoint(3 * scale(), 0), kPlace + QPoint(95 * scale(), 0));
     EXPECT_EQ(ink(), box); // it has not moved
     EXPECT_TRUE(copies("asdasd"));
     clickApart(kPlace + QPoint(3 * scale(), 0));
-    type({Key::Q, Key::Return});
+    input().type({Key::Q, Key::Return});
     doubleClick(kPlace + QPoint(3 * scale(), 0));
     EXPECT_TRUE(copies("qasdasd"));
 }
 
 TEST_P(Text, SelectedTextIsRestyledErasedAndUndone)
 {
-    write({Key::S, Key::A, Key::D});
+    write({Key::S, Key::A, Key::D, Key::Return});
     const QImage red = screen();
     clickApart(kPlace);
     setColor(kGreen);
     clickAt(kNowhere);
     const QImage green = screen();
-    EXPECT_TRUE(whereRed(green).isEmpty());
-    EXPECT_EQ(changed(green, m_empty), changed(red, m_empty));
+    EXPECT_TRUE(whereRed(green, inside()).isEmpty());
+    EXPECT_EQ(changed(green, m_before), changed(red, m_before));
     clickApart(kPlace);
-    type({Key::BackSpace}); // takes the box
-    EXPECT_TRUE(samePixels(screen(), m_empty));
+    input().type({Key::BackSpace}); // takes the box
+    EXPECT_TRUE(samePixels(screen(), m_before));
     undo();
     EXPECT_TRUE(samePixels(screen(), green));
     arm(kEraser);
     clickApart(kPlace);
-    EXPECT_TRUE(samePixels(screen(), m_empty));
+    EXPECT_TRUE(samePixels(screen(), m_before));
     undo();
     EXPECT_TRUE(samePixels(screen(), green));
     undo();
-    EXPECT_TRUE(samePixels(screen(), m_empty));
+    EXPECT_TRUE(samePixels(screen(), m_before));
     redo();
     EXPECT_TRUE(samePixels(screen(), green));
 }

@@ -94,59 +94,44 @@ TEST_P(Toolbar, TextIsTypedInTheChosenSizeAndColour)
         clickAt(toolbars().color(kText, 18));
         const QPoint place(300, row == 6 ? 150 : 300);
         clickAt(place);
-        for (const Key key : {Key::A, Key::S, Key::D})
-            input().chord({key});
+        input().type({Key::A, Key::S, Key::D});
         clickAt(place + QPoint(0, -60)); // the edit ends
-        const QImage shown = whole();
-        int top = shown.height(), bottom = 0;
-        for (int y = place.y() - 50; y < place.y() + 50; ++y)
-            for (int x = place.x() - 10; x < place.x() + 200; ++x)
-                if (shown.pixel(x, y) == qRgb(255, 0, 0)) {
-                    top = qMin(top, y);
-                    bottom = qMax(bottom, y);
-                }
-        ASSERT_GT(bottom, top);
-        EXPECT_GT(bottom - top, small * 3 / 2);
-        small = bottom - top;
+        const int height = whereRed(whole(), {place - QPoint(10, 50), QSize(210, 100)}).height();
+        ASSERT_GT(height, 1);
+        EXPECT_GT(height, small * 3 / 2);
+        small = height;
     }
 }
 
 TEST_P(Toolbar, EveryEndOfTheCaptureHasItsItemOrKey)
 {
-    struct Case {
+    const Toolbars bars = toolbars();
+    const struct {
         const char* what;
-        std::function<void(const Toolbars&)> end;
+        bool hasRibbon;
+        QPoint place;
+        Button button;
         bool leavesAFile, leavesACopy;
+        std::vector<Key> keys = {}; // instead of the button
+    } cases[] = {
+        {"cancel", false, bars.cancel(), Button::Left, false, false},
+        {"copy", false, bars.copy(), Button::Left, false, true},
+        {"save", false, bars.save(), Button::Left, true, false},
+        {"the right button on a toolbar", false, bars.tool(kArrow), Button::Right, false, false},
+        {"the right button on a ribbon", true, bars.color(kArrow, 5), Button::Right, false, false},
+        {"Return", false, {}, Button::Left, true, false, {Key::Return}},
+        {"Escape with a ribbon", true, {}, Button::Left, false, false, {Key::Escape}},
     };
-    const Case cases[] = {
-        {"cancel", [this](const Toolbars& bars) { clickAt(bars.cancel()); }, false, false},
-        {"copy", [this](const Toolbars& bars) { clickAt(bars.copy()); }, false, true},
-        {"save", [this](const Toolbars& bars) { clickAt(bars.save()); }, true, false},
-        {"Return", [this](const Toolbars&) { input().chord({Key::Return}); }, true, false},
-        {"Escape with a ribbon",
-            [this](const Toolbars& bars) {
-                clickAt(bars.tool(kArrow));
-                input().chord({Key::Escape});
-            },
-            false, false},
-        {"the right button on a toolbar",
-            [this](const Toolbars& bars) {
-                input().moveTo(bars.tool(kArrow));
-                input().click(Button::Right);
-            },
-            false, false},
-        {"the right button on a ribbon",
-            [this](const Toolbars& bars) {
-                clickAt(bars.tool(kArrow));
-                input().moveTo(bars.color(kArrow, 5));
-                input().click(Button::Right);
-            },
-            false, false},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         const qsizetype files = m_program.savedPictures().size();
-        c.end(toolbars());
+        if (c.hasRibbon)
+            clickAt(bars.tool(kArrow));
+        input().chord(c.keys);
+        if (c.keys.empty()) {
+            input().moveTo(c.place);
+            input().click(c.button);
+        }
         ASSERT_TRUE(waitForRest());
         EXPECT_EQ(m_program.savedPictures().size(), files + (c.leavesAFile ? 1 : 0));
         if (c.leavesACopy) {
@@ -234,8 +219,7 @@ TEST_P(Toolbar, ADisplaySmallerThanTheToolbarsIsCapturedAllTheSame)
     ASSERT_TRUE(waitUntil([this] { return server().isKeyboardTaken(); }));
     const QPoint from(40, 30), to(220, 90);
     choose(from, to);
-    for (const Key key : {Key::Digit2, Key::Digit1}) // ribbons that do not fit either
-        input().chord({key});
+    input().type({Key::Digit2, Key::Digit1}); // ribbons that do not fit either
     const QImage expected = m_before.copy(spannedBy(from, to));
     EXPECT_TRUE(samePixels(pictureAfter({Key::Return}), expected));
 }

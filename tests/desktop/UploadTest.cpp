@@ -94,11 +94,6 @@ protected:
         QThread::msleep(kWindowDrawnMs);
         return hasCome;
     }
-    void type(std::initializer_list<Key> keys)
-    {
-        for (const Key key : keys)
-            input().chord({key});
-    }
 
     QString opened() const
     {
@@ -126,8 +121,7 @@ protected:
     // How much of the notice's bar is filled; 0 without one.
     double shownProgress() const
     {
-        const QImage row =
-            m_desktop.server().pixels({QPoint(m_before.width() - 380, 37 + 41), QSize(380, 1)});
+        const QImage row = server().pixels({QPoint(m_before.width() - 380, 37 + 41), QSize(380, 1)});
         int done = 0, rest = 0;
         for (int x = 0; x < row.width(); ++x) {
             done += row.pixelColor(x, 0) == QColor(42, 123, 244);
@@ -149,7 +143,7 @@ protected:
     // The first word of the doctor's line.
     std::string doctorOnUploads() const
     {
-        const QString lines = m_program.run({QStringLiteral("doctor")}).out;
+        const QString lines = m_program.run("doctor").out;
         const QStringList found = lines.split(QLatin1Char('\n')).filter(QStringLiteral(" upload "));
         return found.value(0).section(QLatin1Char(' '), 0, 0).toStdString();
     }
@@ -197,20 +191,21 @@ TEST_F(Upload, OfARegionEndsWithItsPageInTheBrowser)
 {
     chooseRegionAndUpload();
     ASSERT_TRUE(waitForWindow(kForm));
-    type({Key::A, Key::S, Key::D, Key::Return});
+    input().type({Key::A, Key::S, Key::D, Key::Return});
     const QString link = opened();
     ASSERT_TRUE(link.startsWith(QLatin1String("https://127.0.0.1:"))) << link.toStdString();
     EXPECT_TRUE(fetched(link).contains("<h1>asd</h1>"));
     EXPECT_TRUE(isRegion(fetched(link + QStringLiteral("/raw"))));
     EXPECT_TRUE(waitForNoPicture()) << "the temporary file stays";
     EXPECT_TRUE(waitUntil([this] { return settledProgress() == 1; })) << "it ended while its notice came";
+    EXPECT_EQ(doctorOnUploads(), "right");
 }
 
 TEST_F(Upload, OfAPrivateRegionIsShownWithItsPasswordOnly)
 {
     chooseRegionAndUpload();
     ASSERT_TRUE(waitForWindow(kForm));
-    type({Key::Tab, Key::Space, Key::Tab, Key::Tab, Key::Q, Key::C, Key::Z, Key::Return});
+    input().type({Key::Tab, Key::Space, Key::Tab, Key::Tab, Key::Q, Key::C, Key::Z, Key::Return});
     const QString link = opened();
     EXPECT_TRUE(fetched(link).contains("type=\"password\""));
     fetched(link, words("--data password=qcz"));
@@ -221,7 +216,7 @@ TEST_F(Upload, OfAFormThatIsClosedSendsNothing)
 {
     chooseRegionAndUpload();
     ASSERT_TRUE(waitForWindow(kForm));
-    type({Key::Escape});
+    input().type({Key::Escape});
     EXPECT_TRUE(waitForNoPicture());
     EXPECT_TRUE(Program::allFiles(in("data/pictures")).isEmpty());
     EXPECT_TRUE(m_program.logLines().filter(QStringLiteral(" -- upload")).isEmpty());
@@ -265,7 +260,7 @@ TEST_F(HalfAnUpload, IsAskedAboutAndTriedAgain)
     EXPECT_TRUE(savesRegion({10, 10}, {60, 60}));
     input().clickAt(m_desktop.screen().rect().center() - QPoint(0, 40));
     ASSERT_TRUE(waitForWindow(kAlert));
-    type({Key::Return});
+    input().type({Key::Return});
     EXPECT_TRUE(opened().startsWith(QLatin1String("https://www.facebook.com/")));
     EXPECT_TRUE(waitUntil([this] { return m_program.savedPictures().size() == 1; }));
     const QString said = m_program.logLines().filter(QStringLiteral(" -- upload")).value(0);
@@ -294,7 +289,7 @@ TEST_F(Upload, ThatIsAskedAboutIsNotLostWhenTheProgramQuits)
     EXPECT_EQ(m_program.savedPictures().size(), 1);
     ASSERT_TRUE(m_program.startResident());
     ASSERT_TRUE(waitForWindow(kAlert));
-    type({Key::Return});
+    input().type({Key::Return});
     ASSERT_TRUE(waitForWindow(kForm));
     EXPECT_EQ(m_program.quitResident(), 0);
     EXPECT_EQ(m_program.savedPictures().size(), 1);
@@ -324,9 +319,9 @@ TEST_F(HalfAnUpload, OfACrashAndOfAProgramThatQuitsIsOfferedAgain)
         ASSERT_TRUE(m_program.startResident());
         ASSERT_TRUE(waitForWindow(kAlert));
         m_relay->letThrough(Relay::kEverything);
-        type({Key::Return});
+        input().type({Key::Return});
         ASSERT_TRUE(waitForWindow(kForm));
-        type({Key::Return});
+        input().type({Key::Return});
         EXPECT_TRUE(opened().startsWith(QLatin1String("https://127.0.0.1:")));
         EXPECT_TRUE(waitForNoPicture());
     }
@@ -342,11 +337,6 @@ TEST_F(Upload, GivesNothingToAServerWithAnotherCertificateAndIsGivenUpWithEscape
     EXPECT_EQ(m_program.savedPictures().size(), 1);
     EXPECT_TRUE(Program::allFiles(in("data/pictures")).isEmpty());
     EXPECT_EQ(doctorOnUploads(), "wrong");
-    type({Key::Escape});
+    input().type({Key::Escape});
     EXPECT_TRUE(waitForNoPicture());
-}
-
-TEST_F(Upload, IsRightForTheDoctorToo)
-{
-    EXPECT_EQ(doctorOnUploads(), "right");
 }

@@ -3,23 +3,32 @@
 #include <QDeadlineTimer>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <random>
 
 namespace {
 
-struct Free {
-    void operator()(void* reply) const { std::free(reply); }
-};
 template <class Reply>
-using Owned = std::unique_ptr<Reply, Free>;
-
-template <class Reply>
-Owned<Reply> owned(Reply* reply)
+XClient::Owned<Reply> owned(Reply* reply)
 {
-    return Owned<Reply>(reply);
+    return XClient::Owned<Reply>(reply);
+}
+
+bool isViewable(xcb_connection_t* connection, xcb_window_t window)
+{
+    const auto cookie = xcb_get_window_attributes(connection, window);
+    const auto attributes = owned(xcb_get_window_attributes_reply(connection, cookie, nullptr));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
+           attributes->_class == XCB_WINDOW_CLASS_INPUT_OUTPUT;
+}
+
+std::vector<xcb_window_t> children(xcb_connection_t* connection, xcb_window_t window)
+{
+    const auto tree = owned(xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr));
+    if (!tree)
+        return {};
+    const xcb_window_t* first = xcb_query_tree_children(tree.get());
+    return {first, first + xcb_query_tree_children_length(tree.get())};
 }
 
 } // namespace
@@ -55,45 +64,35 @@ QImage XClient::pixels(QRect area) const
 
 std::vector<xcb_window_t> XClient::visibleWindows() const
 {
-    std::vector<xcb_window_t> visible;
-    const auto tree =
-        owned(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, root()), nullptr));
-    if (!tree)
-        return visible;
-    const xcb_window_t* children = xcb_query_tree_children(tree.get());
-    for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
-        const auto cookie = xcb_get_window_attributes(m_connection, children[i]);
-        const auto attributes = owned(xcb_get_window_attributes_reply(m_connection, cookie, nullptr));
-        if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
-            attributes->_class == XCB_WINDOW_CLASS_INPUT_OUTPUT)
-            visible.push_back(children[i]);
-    }
-    return visible;
+    std::vector<xcb_window_t> windows = children(m_connection, root());
+    std::erase_if(windows, [this](xcb_window_t window) { return !isViewable(m_connection, window); });
+    return windows;
 }
 
 int XClient::windowCount() const
 {
-    const auto tree =
-        owned(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, root()), nullptr));
-    return tree ? xcb_query_tree_children_length(tree.get()) : 0;
+    return int(children(m_connection, root()).size());
 }
 
 bool XClient::waitForHidden(xcb_window_t window) const
 {
     const QDeadlineTimer deadline(5000);
-    while (!deadline.hasExpired()) {
-        const auto cookie = xcb_get_window_attributes(m_connection, window);
-        const auto attributes = owned(xcb_get_window_attributes_reply(m_connection, cookie, nullptr));
-        if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
-            return true;
+    while (isViewable(m_connection, window)) {
+        if (deadline.hasExpired())
+            return false;
     }
-    return false;
+    return true;
+}
+
+XClient::Owned<xcb_generic_event_t> XClient::nextEvent() const
+{
+    return owned(xcb_poll_for_event(m_connection));
 }
 
 QString XClient::title(xcb_window_t window) const
 {
-    const QByteArray text = property(window, "_NET_WM_NAME");
-    return QString::fromUtf8(text.isEmpty() ? property(window, "WM_NAME") : text);
+    const QByteArray text = property(window, atom("_NET_WM_NAME"));
+    return QString::fromUtf8(text.isEmpty() ? property(window, XCB_ATOM_WM_NAME) : text);
 }
 
 std::vector<xcb_window_t> XClient::windowsTitled(const char* title) const
@@ -176,7 +175,7 @@ bool XClient::isPointerTaken() const
 
 bool XClient::isManaged() const
 {
-    return !property(root(), "_NET_SUPPORTING_WM_CHECK").isEmpty();
+    return !property(root(), atom("_NET_SUPPORTING_WM_CHECK")).isEmpty();
 }
 
 void XClient::wakeWindowManager() const
@@ -208,9 +207,10 @@ void XClient::paintNoise() const
     sync();
 }
 
-QByteArray XClient::property(xcb_window_t window, const char* name) const
+QByteArray XClient::property(xcb_window_t window, xcb_atom_t property, bool isReadAway) const
 {
-    const auto cookie = xcb_get_property(m_connection, false, window, atom(name), XCB_ATOM_ANY, 0, 1024);
+    const auto cookie =
+        xcb_get_property(m_connection, isReadAway, window, property, XCB_ATOM_ANY, 0, 1 << 24);
     const auto reply = owned(xcb_get_property_reply(m_connection, cookie, nullptr));
     if (!reply)
         return {};

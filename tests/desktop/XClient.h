@@ -4,6 +4,8 @@
 #include <QRect>
 #include <QString>
 
+#include <cstdlib>
+#include <memory>
 #include <vector>
 #include <xcb/xcb.h>
 
@@ -23,6 +25,14 @@ public:
     const xcb_screen_t& screen() const { return *m_screen; }
     QSize size() const { return {m_screen->width_in_pixels, m_screen->height_in_pixels}; }
 
+    struct Free {
+        void operator()(void* answer) const { std::free(answer); }
+    };
+    template <class Answer>
+    using Owned = std::unique_ptr<Answer, Free>;
+
+    // The next of the events that have arrived; null when there is none.
+    Owned<xcb_generic_event_t> nextEvent() const;
     // Returns when the server has carried out everything sent so far.
     void sync() const;
     // What the screen shows, as RGB32; null when it cannot be read.
@@ -59,9 +69,10 @@ public:
     // tiles by a round number, so that a picture shifted by a pixel differs everywhere.
     void paintNoise() const;
 
-private:
-    QByteArray property(xcb_window_t window, const char* name) const;
+    // The contents of a property as they are; reading it away tells its writer that it has arrived.
+    QByteArray property(xcb_window_t window, xcb_atom_t property, bool isReadAway = false) const;
 
+private:
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen = nullptr;
 };
