@@ -29,17 +29,6 @@ QImage averaged(const QImage& picture, int scale)
 
 class Capture : public EachDesktopTest { };
 
-class CaptureOnTwoDisplays : public EachDesktopTest {
-protected:
-    CaptureOnTwoDisplays()
-        : EachDesktopTest({1440, 600})
-    {
-    }
-
-    static constexpr QRect kFirst{0, 0, 800, 600};
-    static constexpr QRect kSecond{800, 0, 640, 480};
-};
-
 // As over a network.
 class CaptureWithoutSharedMemory : public ProgramTest {
 protected:
@@ -52,7 +41,6 @@ protected:
 } // namespace
 
 LUMORA_ON_EACH_DESKTOP(Capture);
-LUMORA_ON_EACH_DESKTOP(CaptureOnTwoDisplays);
 
 TEST_P(Capture, RegionIsTheScreensOwnPixelsWhateverWayItIsDragged)
 {
@@ -177,37 +165,6 @@ TEST_P(Capture, HeldKeyAndHurriedKeysStartOne)
         input().releaseAll();
     }
     EXPECT_TRUE(m_program.savedPictures().isEmpty());
-}
-
-TEST_P(CaptureOnTwoDisplays, EachDisplayIsCapturedAlone)
-{
-    struct Case {
-        const char* scales;
-        QRect display;
-    };
-    const Case cases[] = {
-        {"FIRST=1;SECOND=1", kFirst},
-        {"FIRST=1;SECOND=1", kSecond},
-        {"FIRST=2;SECOND=1", kFirst},
-        {"FIRST=2;SECOND=1", kSecond},
-        {"FIRST=1;SECOND=2", kSecond},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.scales << " at " << c.display.x());
-        ASSERT_TRUE(startOnDisplays(kFirst, kSecond, c.scales));
-        input().moveTo(c.display.topLeft()); // the first pixel is the display's own
-        m_before = m_desktop.settledScreen();
-        EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before.copy(c.display)));
-        const Answer answer = m_program.run("full");
-        EXPECT_TRUE(samePixels(QImage(answer.path()), m_before.copy(c.display)));
-
-        QThread::msleep(350);
-        input().moveTo(c.display.center()); // the cross would cover a corner
-        ASSERT_TRUE(openOverlay(c.display));
-        EXPECT_TRUE(
-            savesRegion(c.display.topLeft() + QPoint(51, 43), c.display.bottomRight() - QPoint(60, 32)));
-        EXPECT_EQ(m_program.quitResident(), 0);
-    }
 }
 
 TEST_F(CaptureWithoutSharedMemory, ShowsTheSameOverlayAndSavesTheSamePicture)

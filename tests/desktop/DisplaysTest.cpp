@@ -33,6 +33,26 @@ protected:
 
 LUMORA_ON_EACH_DESKTOP(Displays);
 
+TEST_P(Displays, EachIsCapturedAlone)
+{
+    for (const Arrangement& a : kArrangements) {
+        ASSERT_TRUE(startOn(a));
+        for (const QRect display : {a.first, a.second}) {
+            SCOPED_TRACE(testing::Message() << a.what << ", at " << display.x());
+            input().moveTo(display.topLeft()); // the first pixel is the display's own
+            m_before = m_desktop.settledScreen();
+            EXPECT_TRUE(samePixels(pictureAfter({Key::Super, Key::Digit2}), m_before.copy(display)));
+            EXPECT_TRUE(samePixels(QImage(m_program.run("full").path()), m_before.copy(display)));
+            QThread::msleep(350);
+            input().moveTo(display.center()); // the cross would cover a corner
+            ASSERT_TRUE(openOverlay(display));
+            input().drag(inside(display));
+            EXPECT_TRUE(saves(inside(display)));
+        }
+        EXPECT_EQ(m_program.quitResident(), 0);
+    }
+}
+
 TEST_P(Displays, TheOverlayFollowsThePointerOnlyUntilTheRegionIsFixed)
 {
     KeyRecorder recorder(m_desktop.displayName(), {900, 740, 200, 100});

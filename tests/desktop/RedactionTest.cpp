@@ -62,14 +62,8 @@ protected:
         const int block = 6 * scale();
         if (picture.size() != m_before.size() || isMosaic(picture, m_before, m_area, block))
             return testing::AssertionFailure() << "a picture of what was there, or none";
-        for (int y = m_area.top(); y <= m_area.bottom(); ++y) {
-            for (int x = m_area.left(); x <= m_area.right(); ++x) {
-                const QPoint p = QPoint(x, y) - m_area.topLeft();
-                if (picture.pixel(x, y) != picture.pixel(x - p.x() % block, y - p.y() % block))
-                    return testing::AssertionFailure() << "pixel " << x << ',' << y;
-            }
-        }
-        return testing::AssertionSuccess();
+        // The rule leaves a last row and column out; here they are beside the area.
+        return isMosaic(picture, picture, m_area.adjusted(0, 0, 1, 1), block);
     }
 };
 

@@ -1,18 +1,10 @@
 #include "tests/desktop/AnnotatingTest.h"
 
-#include <functional>
-
 namespace {
 
 // Toolbars and ribbons with a real mouse and real keys. Device pixels of the screen.
 class Toolbar : public AnnotatingTest {
 protected:
-    // Cancels the capture and begins another one.
-    testing::AssertionResult beginAnew()
-    {
-        input().chord({Key::Escape});
-        return waitForRest() ? openOverlay() : testing::AssertionFailure() << "the capture goes on";
-    }
     // The region from now on.
     void choose(QPoint from, QPoint to)
     {
@@ -31,16 +23,6 @@ protected:
                shown.pixel(toolbar.left() + 2 * scale(), toolbar.center().y()) == panel;
     }
     bool areToolbarsShown() const { return isPanel(toolbars().drawing()) && isPanel(toolbars().output()); }
-    // The picture that a click on an item leaves; null when there is none.
-    QImage pictureAfterClick(QPoint item)
-    {
-        const qsizetype before = m_program.savedPictures().size();
-        clickAt(item);
-        if (!waitForRest() || m_program.savedPictures().size() != before + 1)
-            return {};
-        return QImage(m_program.savedPictures().last());
-    }
-
     QRect m_region = kRegion;
 };
 
@@ -79,7 +61,9 @@ TEST_P(Toolbar, ASessionOfAllToolsEndsInTheFile)
     clickAt(bars.tool(kEraser));
     clickAt({400, 500});
     EXPECT_EQ(shownInside(), before);
-    const QImage picture = pictureAfterClick(bars.ok());
+    clickAt(bars.ok());
+    ASSERT_TRUE(waitForRest());
+    const QImage picture(m_program.savedPictures().value(0));
     ASSERT_EQ(picture.size(), kRegion.size());
     EXPECT_TRUE(samePixels(picture.copy(inside().translated(-kRegion.topLeft())), before));
 }
@@ -156,8 +140,8 @@ TEST_P(Toolbar, NothingOnAToolbarReachesTheRegionBelow)
     drag(bars.tool(kArrow), {300, 200}); // released off the item
     EXPECT_TRUE(samePixels(whole().copy(200, 100, 300, 300), fixed.copy(200, 100, 300, 300)));
     input().chord({Key::Digit1});
-    drag({200, 200},
-        bars.tool(kPencil)); // a drag of the region goes on over a toolbar, whose item does nothing
+    // A drag of the region goes on over a toolbar, whose item does nothing.
+    drag({200, 200}, bars.tool(kPencil));
     input().chord({Key::Digit1});
     input().moveTo({300, 150});
     const QImage drawn = whole();
@@ -189,7 +173,7 @@ TEST_P(Toolbar, StandBesideARegionInEveryCorner)
             const QPoint from(corner.x() * (screenRect.width() - 1), corner.y() * (screenRect.height() - 1));
             const QPoint to = from + QPoint(corner.x() ? -size.width() : size.width(),
                                          corner.y() ? -size.height() : size.height());
-            ASSERT_TRUE(beginAnew());
+            ASSERT_TRUE(cancelCapture() && openOverlay());
             choose(from, to);
             EXPECT_TRUE(areToolbarsShown());
             EXPECT_TRUE(
