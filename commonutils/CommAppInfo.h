@@ -21,6 +21,4 @@ struct CommAppInfo {
     QString videoRecorderURL;
     QString feedbackURL; // of a form, or "mailto:"
     QString updateURL;   // answers as CommUpdate has it
-
-    friend bool operator==(const CommAppInfo&, const CommAppInfo&) = default;
 };

@@ -1,7 +1,5 @@
 #include "commonutils/AtomicFile.h"
 
-#include "tests/commonutils/FileSizeLimit.h"
-
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -63,20 +61,6 @@ TEST_F(AtomicFileTest, SaysWhyNothingCanBeWritten)
     }
     EXPECT_EQ(contentOf(path), "x");
     EXPECT_EQ(entriesIn(folder.path()), 2); // nothing temporary stays
-}
-
-TEST_F(AtomicFileTest, KeepsTheOldFileWhenTheNewOneDoesNotFit)
-{
-    AtomicFile::write(path, "old", 3, kAccess);
-    const QByteArray large(300000, 'n');
-    QString reason;
-    {
-        const FileSizeLimit limit(100000);
-        reason = AtomicFile::write(path, large.constData(), size_t(large.size()), kAccess);
-    }
-    EXPECT_TRUE(reason.contains(QLatin1String("File too large"))) << reason.toStdString();
-    EXPECT_EQ(contentOf(path), "old");
-    EXPECT_EQ(entriesIn(folder.path()), 1);
 }
 
 TEST_F(AtomicFileTest, GivesTheFileItsPermissionsAndKnowsItsStamp)
