@@ -79,5 +79,4 @@ TEST_F(Bookmark, LeavesOtherSettingsAlone)
     EXPECT_EQ(m_store.objectForKey(QStringLiteral("clientLang")), QStringLiteral("Greek"));
     m_bookmark.install(nullptr);
     EXPECT_FALSE(m_bookmark.saveOpenFileToBookmarkWithFilePath(m_path));
-    EXPECT_FALSE(m_bookmark.BookmarkStartAccessingSecurityScopedResourceWithFilePath(m_path));
 }
