@@ -1,6 +1,7 @@
 #!/bin/sh
 # Measures the program beside its floors and prints one table of ratios; ends with 1 when a limit is not kept.
-#   scripts/bench.sh [NAME...]    only the named benches: start overlay drag capture png languages journal pins rest
+#   scripts/bench.sh [NAME...]    only the named benches: start overlay drag chrome windows hover capture png languages
+#                                 journal pins rest
 #                                 blur editor toolbars preferences notices upload
 set -eu
 cd "$(dirname "$0")/.."
