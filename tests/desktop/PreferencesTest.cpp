@@ -131,7 +131,7 @@ constexpr const char* kFullKey = "hotkeyFullScreenShot";
 
 } // namespace
 
-TEST_F(PreferencesWindow, RecordHotKeysThatWorkAtOnceAndAfterARestartOrMarkThem)
+TEST_F(PreferencesWindow, RecordHotKeysThatWorkAtOnceAndAfterARestartAndMarkARefusedOne)
 {
     record(kRegionField, {Key::Super, Key::Digit1}); // the one that is shown
     EXPECT_EQ(m_program.overlay(), XCB_NONE);

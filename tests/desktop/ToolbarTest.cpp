@@ -44,9 +44,8 @@ TEST_P(Toolbar, ASessionOfAllToolsEndsInTheFile)
             clickAt(bars.color(tool, 4 * tool + width));
             const QPoint from(130 + 150 * (tool - 1), 80 + 140 * width);
             drag(from, from + QPoint(100, 60));
-            const QImage after = shownInside();
-            EXPECT_NE(after, before);
-            before = after;
+            EXPECT_TRUE(waitUntil([&] { return shownInside() != before; }));
+            before = shownInside();
         }
     }
     clickAt(bars.undo());
